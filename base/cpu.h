@@ -1,0 +1,30 @@
+#pragma once
+
+// Which instruction set the kernels may use. A kernel is a forced-inline body called by two thin
+// functions, one plain and one marked KV_TARGET_AVX2; a table of function pointers, filled once per
+// level, chooses between them. Both give the same bytes.
+
+#if defined(__x86_64__)
+#define KV_HAS_AVX2_PATH 1
+#define KV_TARGET_AVX2 __attribute__((target("avx2")))
+#else
+#define KV_HAS_AVX2_PATH 0
+#define KV_TARGET_AVX2
+#endif
+
+#define KV_FORCE_INLINE inline __attribute__((always_inline))
+
+namespace kv {
+
+enum class CpuLevel { kBaseline, kAvx2 };
+
+/// The best level that this processor runs.
+CpuLevel DetectedCpuLevel();
+
+/// The level in force: the detected one unless forced lower.
+CpuLevel ActiveCpuLevel();
+
+/// Forces a level, for tests and benchmarks; a level above the detected one is cut to it.
+void ForceCpuLevel(CpuLevel level);
+
+}  // namespace kv

@@ -1,0 +1,66 @@
+#include <CKVGrayBitmap.h>
+#include <CKVMonoBitmap.h>
+#include <cstring>
+#include <limits>
+#include <new>
+
+KVBitmap::KVBitmap(const KVBitmap& other) {
+    *this = other;
+}
+
+KVBitmap& KVBitmap::operator=(const KVBitmap& other) {
+    if (this == &other) {
+        return *this;
+    }
+    Delete();
+    if (other.Bits != nullptr && CreateRows(other.Width, other.Height, other.Pitch) == 0) {
+        std::memcpy(Bits, other.Bits, Size);
+    }
+    return *this;
+}
+
+KVBitmap::~KVBitmap() {
+    Delete();
+}
+
+int KVBitmap::CreateRows(LONG width, LONG height, std::uint64_t pitch) {
+    if (Base != nullptr) {
+        return 1;
+    }
+    if (width < 1 || height < 1) {
+        return 4;
+    }
+    const std::uint64_t size = pitch * static_cast<std::uint64_t>(height);
+    if (size > std::numeric_limits<DWORD>::max()) {
+        return 2;
+    }
+    BYTE* base = new (std::nothrow) BYTE[size]();
+    if (base == nullptr) {
+        return 2;
+    }
+    Base = Bits = base;
+    Width = width;
+    Height = height;
+    Pitch = static_cast<DWORD>(pitch);
+    Size = static_cast<DWORD>(size);
+    return 0;
+}
+
+int KVBitmap::Delete() {
+    if (Base == nullptr) {
+        return 3;
+    }
+    delete[] Base;
+    Base = Bits = nullptr;
+    Width = Height = 0;
+    Pitch = Size = 0;
+    return 0;
+}
+
+int CKVMonoBitmap::Create(LONG width, LONG height) {
+    return CreateRows(width, height, (static_cast<std::uint64_t>(width) + 15) / 16 * 2);
+}
+
+int CKVGrayBitmap::Create(LONG width, LONG height) {
+    return CreateRows(width, height, (static_cast<std::uint64_t>(width) + 1) / 2 * 2);
+}

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+namespace kv::gdi {
+
+/// A point in fixed point, kSubpixels units to the pixel. Pixel (column c, row r) covers
+/// c * kSubpixels to (c + 1) * kSubpixels and is sampled at its centre.
+inline constexpr int kSubpixelBits = 8;
+inline constexpr std::int64_t kSubpixels = std::int64_t{1} << kSubpixelBits;
+
+struct FixedPoint {
+    std::int64_t x;
+    std::int64_t y;
+};
+
+/// Closed polygons: contour i runs from point ends[i - 1] (0 for the first) to ends[i] - 1 and back.
+struct Contours {
+    std::vector<FixedPoint> points;
+    std::vector<std::size_t> ends;
+
+    void Clear() {
+        points.clear();
+        ends.clear();
+    }
+};
+
+}  // namespace kv::gdi
