@@ -1,0 +1,84 @@
+#pragma once
+
+#include <platform/font.h>
+#include <platform/geometry.h>
+#include <memory>
+
+namespace kv::gdi {
+class BitSurface;
+class FontInstance;
+}  // namespace kv::gdi
+
+inline constexpr DWORD BLACKNESS = 0x42;
+
+/// A font handle: a shared reference to a font made from a logical description. Copies name the same
+/// font, which lives until the last handle, a context's included, is gone.
+class CFont {
+  public:
+    CFont() = default;
+
+    /// False when no face at all is to be had; the handle is then null and draws nothing.
+    bool CreateFontIndirectA(const LOGFONTA& description);
+    void DeleteObject() { m_Font.reset(); }
+    bool IsNull() const { return m_Font == nullptr; }
+
+    std::shared_ptr<const kv::gdi::FontInstance> m_Font;
+};
+
+/// A one-bit bitmap handle, shared like a font's.
+class CBitmap {
+  public:
+    CBitmap() = default;
+
+    /// A cleared one-bit bitmap. False, and a null handle, for a size below 1 by 1, any other depth,
+    /// or no memory.
+    bool CreateBitmap(LONG width, LONG height, UINT planes, UINT bitCount, const void* bits);
+    void DeleteObject() { m_Surface.reset(); }
+    bool IsNull() const { return m_Surface == nullptr; }
+
+    /// Copies at most count bytes, rows top down, bit 7 leftmost, each row padded to 16 bits. The
+    /// number of bytes copied.
+    DWORD GetBitmapBits(DWORD count, void* bits) const;
+
+    std::shared_ptr<kv::gdi::BitSurface> m_Surface;
+};
+
+/// Reads a font's logical description back; size is 60. The bytes written, 0 for a null font.
+int GetObjectA(const CFont& font, int size, LOGFONTA* description);
+
+/// A memory device context: a one-bit bitmap, a font, and the state of text drawing. The background
+/// is opaque, text is placed by the corner of its cell. Selecting gives back what it replaced. One
+/// context serves one thread.
+class CDC {
+  public:
+    bool CreateCompatibleDC(CDC* other);
+    void DeleteDC();
+
+    CFont SelectObject(const CFont& font);
+    CBitmap SelectObject(const CBitmap& bitmap);
+
+    /// Distance added after every character, the last included. Gives back the old one.
+    LONG SetTextCharacterExtra(LONG extra);
+    /// Distance added to each of count break characters of a string; stays until changed.
+    void SetTextJustification(LONG distance, LONG count);
+    COLORREF SetTextColor(COLORREF colour);
+    COLORREF SetBkColor(COLORREF colour);
+
+    bool GetTextMetricsA(TEXTMETRICA* metric) const;
+    /// cx is the length along the line, cy the height of the cell, whatever the font's angle.
+    bool GetTextExtentPoint32A(const char* text, int byteCount, tagSIZE* extent) const;
+    /// The point is the start of the cell's upper edge in the direction of writing.
+    bool TextOutA(LONG x, LONG y, const char* text, int byteCount);
+    /// The one raster operation known is BLACKNESS; the source is null.
+    bool BitBlt(LONG x, LONG y, LONG width, LONG height, CDC* source, LONG sourceX, LONG sourceY,
+                DWORD operation);
+
+  private:
+    CFont m_Font;
+    CBitmap m_Bitmap;
+    LONG m_CharacterExtra = 0;
+    LONG m_BreakExtra = 0;
+    LONG m_BreakCount = 0;
+    COLORREF m_TextColor = 0;
+    COLORREF m_BkColor = 0xFFFFFF;
+};

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <platform/font.h>
+#include <cstdint>
+
+/// The display's device context. The layer has one display, which is always there.
+using HDC = void*;
+using LPARAM = std::intptr_t;
+
+HDC GetDC(HWND window);
+int ReleaseDC(HWND window, HDC dc);
+
+/// Called once a font; 0 ends the enumeration. Both records are the full ENUMLOGFONTA and
+/// NEWTEXTMETRICA.
+using FONTENUMPROCA = int (*)(const ENUMLOGFONTA* font, const NEWTEXTMETRICA* metric, DWORD type,
+                              LPARAM parameter);
+
+/// Delivers the fonts of exactly the named family, or one font of each family for a null name. The
+/// last value that the callback returned, 1 when it was never called.
+int EnumFontFamiliesA(HDC dc, const char* family, FONTENUMPROCA callback, LPARAM parameter);
