@@ -1,0 +1,8 @@
+#pragma once
+
+#include <platform/export.h>
+#include <platform/types.h>
+
+/// Suspends the calling thread for at least this many milliseconds; 0 gives up the rest of its time
+/// slice to any other thread that is ready.
+KVDRAW_API void Sleep(DWORD milliseconds);
