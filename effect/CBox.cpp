@@ -1,5 +1,6 @@
-#include <CBox.h>
 #include <algorithm>
+
+#include <CBox.h>
 
 namespace {
 

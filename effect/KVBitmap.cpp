@@ -1,8 +1,9 @@
-#include <CKVGrayBitmap.h>
-#include <CKVMonoBitmap.h>
 #include <cstring>
 #include <limits>
 #include <new>
+
+#include <CKVGrayBitmap.h>
+#include <CKVMonoBitmap.h>
 
 KVBitmap::KVBitmap(const KVBitmap& other) {
     *this = other;

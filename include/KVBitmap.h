@@ -7,7 +7,8 @@
 /// copies are deep (a copy whose memory cannot be had is left empty).
 ///
 /// Create results: 0 done, 1 a store exists already (nothing changes), 2 no memory or a size whose
-/// bytes do not fit 32 bits (left empty), 4 width or height below 1. Delete: 0 done, 3 nothing there.
+/// bytes do not fit 32 bits (left empty), 4 width or height below 1. Delete: 0 done, 3 nothing
+/// there.
 class KVDRAW_API KVBitmap {
   public:
     BYTE* Base = nullptr;  ///< the allocation; null when empty
