@@ -1,0 +1,42 @@
+#pragma once
+
+#include <cstddef>
+
+// Stepping through zero-terminated strings in code page 932. A lead byte directly before the
+// terminator is a single-byte character of its own code, and nothing steps past the terminator.
+namespace kv {
+
+/// True for 0x81 to 0x9F and 0xE0 to 0xFC.
+constexpr bool _ismbblead(unsigned int byte) {
+    return (byte >= 0x81 && byte <= 0x9F) || (byte >= 0xE0 && byte <= 0xFC);
+}
+
+/// Bytes of the character at text: 0 at the terminator, else 1 or 2.
+constexpr std::size_t CharBytes(const char* text) {
+    if (text[0] == '\0') {
+        return 0;
+    }
+    return _ismbblead(static_cast<unsigned char>(text[0])) && text[1] != '\0' ? 2 : 1;
+}
+
+/// The code of the character at text: lead * 256 + trail, or the byte; 0 at the terminator.
+unsigned int CharCode(const char* text);
+
+/// Characters up to the terminator.
+std::size_t _mbslen(const char* text);
+
+/// The next character; text itself at the terminator.
+const char* _mbsinc(const char* text);
+
+/// The character count characters on, or the terminator when there are fewer.
+const char* _mbsninc(const char* text, std::size_t count);
+
+/// Bytes of the first count characters, or of all when there are fewer.
+std::size_t _mbsnbcnt(const char* text, std::size_t count);
+
+/// Copies at most byteCount bytes of text, whole characters only, and the terminator. 0 when done;
+/// an errno value, with an empty string in a target that has room for one, when target is too small
+/// (ERANGE) or a pointer is null (EINVAL).
+int _mbsnbcpy_s(char* target, std::size_t targetSize, const char* text, std::size_t byteCount);
+
+}  // namespace kv
