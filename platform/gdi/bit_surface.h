@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
 #include <memory>
 
 namespace kv::gdi {
@@ -10,13 +11,15 @@ namespace kv::gdi {
 /// pad a row are always 0.
 class BitSurface {
   public:
-    /// Null for a size below 1 by 1 or no memory.
+    /// All pixels 0. Null for a size below 1 by 1 or no memory.
     static std::shared_ptr<BitSurface> Create(std::int32_t width, std::int32_t height);
 
     std::int32_t Width() const { return m_Width; }
     std::int32_t Height() const { return m_Height; }
     std::size_t Stride() const { return m_Stride; }
-    std::uint8_t* Row(std::int32_t row) { return m_Bits.get() + m_Stride * static_cast<std::size_t>(row); }
+    std::uint8_t* Row(std::int32_t row) {
+        return m_Bits.get() + m_Stride * static_cast<std::size_t>(row);
+    }
     const std::uint8_t* Row(std::int32_t row) const {
         return m_Bits.get() + m_Stride * static_cast<std::size_t>(row);
     }
@@ -28,9 +31,13 @@ class BitSurface {
                   bool value);
 
   private:
+    struct Release {
+        void operator()(std::uint8_t* bits) const { std::free(bits); }
+    };
+
     BitSurface() = default;
 
-    std::unique_ptr<std::uint8_t[]> m_Bits;
+    std::unique_ptr<std::uint8_t[], Release> m_Bits;
     std::size_t m_Stride = 0;
     std::int32_t m_Width = 0;
     std::int32_t m_Height = 0;

@@ -31,7 +31,7 @@ class CBitmap {
     CBitmap() = default;
 
     /// A cleared one-bit bitmap. False, and a null handle, for a size below 1 by 1, any other depth,
-    /// or no memory.
+    /// initial bits that are not null, or no memory.
     bool CreateBitmap(LONG width, LONG height, UINT planes, UINT bitCount, const void* bits);
     void DeleteObject() { m_Surface.reset(); }
     bool IsNull() const { return m_Surface == nullptr; }

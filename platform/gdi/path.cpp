@@ -1,0 +1,58 @@
+#include "platform/gdi/path.h"
+
+#include <cmath>
+
+#include "platform/gdi/flatten.h"
+
+namespace kv::gdi {
+
+namespace {
+
+// What lies farther out than this is moved here, so that every finite coordinate has a fixed form.
+constexpr double kFarthest = 0x1p60;
+
+std::int64_t ToFixed(double coordinate) {
+    return std::llrint(std::clamp(coordinate * double{kSubpixels}, -kFarthest, kFarthest));
+}
+
+}  // namespace
+
+void PathBuilder::MoveTo(PathPoint to) {
+    Close();
+    Append(to);
+}
+
+void PathBuilder::LineTo(PathPoint to) {
+    Append(to);
+}
+
+void PathBuilder::QuadTo(PathPoint control, PathPoint to) {
+    FlattenQuad(m_Current, control, to, kFlatness, [this](PathPoint point) { Append(point); });
+}
+
+void PathBuilder::CubicTo(PathPoint control1, PathPoint control2, PathPoint to) {
+    FlattenCubic(m_Current, control1, control2, to, kFlatness,
+                 [this](PathPoint point) { Append(point); });
+}
+
+void PathBuilder::Close() {
+    std::vector<FixedPoint>& points = m_Contours.points;
+    // Fewer than three points enclose nothing.
+    if (m_Finite && points.size() - m_Begin > 2) {
+        m_Contours.ends.push_back(points.size());
+        m_Begin = points.size();
+    } else {
+        points.resize(m_Begin);
+    }
+    m_Finite = true;
+}
+
+void PathBuilder::Append(PathPoint point) {
+    m_Current = point;
+    m_Finite = m_Finite && std::isfinite(point.x) && std::isfinite(point.y);
+    if (m_Finite) {
+        m_Contours.points.push_back({ToFixed(point.x), ToFixed(point.y)});
+    }
+}
+
+}  // namespace kv::gdi

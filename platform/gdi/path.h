@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstddef>
+
+#include "platform/gdi/contours.h"
+
+namespace kv::gdi {
+
+/// A point in pixels; a pixel's centre is at its corner plus a half.
+struct PathPoint {
+    double x;
+    double y;
+};
+
+/// Appends closed contours to a list, curves cut into chords that stay within kFlatness pixels of
+/// them. A contour with a coordinate that is no finite number is left out whole.
+class PathBuilder {
+  public:
+    static constexpr double kFlatness = 0.1;
+
+    explicit PathBuilder(Contours& contours)
+        : m_Contours(contours), m_Begin(contours.points.size()) {}
+
+    /// Starts a contour, after closing the one before it.
+    void MoveTo(PathPoint to);
+    void LineTo(PathPoint to);
+    void QuadTo(PathPoint control, PathPoint to);
+    void CubicTo(PathPoint control1, PathPoint control2, PathPoint to);
+    /// Ends the contour; the last one needs it.
+    void Close();
+
+  private:
+    void Append(PathPoint point);
+
+    Contours& m_Contours;
+    std::size_t m_Begin;
+    PathPoint m_Current{0.0, 0.0};
+    bool m_Finite = true;
+};
+
+}  // namespace kv::gdi
