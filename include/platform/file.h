@@ -1,0 +1,62 @@
+#pragma once
+
+#include <cstdint>
+
+#include <platform/exception.h>
+#include <platform/export.h>
+#include <platform/types.h>
+
+/// A file of bytes, opened and closed by the object. Operations throw CFileException unless they
+/// say otherwise. An application may derive its own files, in memory for instance: all that the
+/// library calls is virtual. One object serves one thread at a time.
+class KVDRAW_API CFile {
+  public:
+    enum OpenFlags : UINT {
+        modeRead = 0x0000,
+        modeWrite = 0x0001,
+        modeReadWrite = 0x0002,
+        shareCompat = 0x0000,     ///< no lock, as shareDenyNone
+        shareExclusive = 0x0010,  ///< refuses every other open that shares by a lock
+        shareDenyWrite = 0x0020,  ///< a reader refuses writers; a writer acts as shareExclusive
+        shareDenyRead = 0x0030,   ///< acts as shareExclusive
+        shareDenyNone = 0x0040,   ///< no lock
+        modeNoInherit = 0x0080,   ///< always so: no child process inherits a file
+        modeCreate = 0x1000,  ///< makes the file; one that is there is emptied if opened to write
+        modeNoTruncate = 0x2000,  ///< with modeCreate: does not empty it
+        typeText = 0x4000,        ///< no effect: bytes are bytes
+        typeBinary = 0x8000
+    };
+    enum SeekPosition : UINT { begin = 0, current = 1, end = 2 };
+
+    CFile() = default;
+    CFile(const CFile&) = delete;
+    CFile& operator=(const CFile&) = delete;
+    /// Closes; a failure then is not reported.
+    virtual ~CFile();
+
+    /// Opens the file of that path, which is bytes as given. False, with the cause in error when
+    /// that is not null, on failure; nothing is thrown, and a file refused by a share mode is not
+    /// emptied. Directories and pipes are refused (accessDenied), a missing directory on the way is
+    /// badPath. Sharing holds between all opens that ask for it, of this process or another one;
+    /// locks are advisory. False with genericException when this object is open already.
+    virtual bool Open(const char* name, UINT flags, CFileException* error = nullptr);
+
+    /// Closes the file if it is open. It is closed even when this throws.
+    virtual void Close();
+
+    /// Reads at most count bytes. The number delivered is smaller only at the end of the file.
+    virtual UINT Read(void* bytes, UINT count);
+
+    /// Writes all count bytes or throws; a failed write may have written a part.
+    virtual void Write(const void* bytes, UINT count);
+
+    /// Moves to offset bytes from a SeekPosition; beyond the end is allowed. The new position.
+    virtual std::uint64_t Seek(std::int64_t offset, UINT from);
+    void SeekToBegin() { Seek(0, begin); }
+
+    virtual std::uint64_t GetLength() const;
+    virtual std::uint64_t GetPosition() const;
+
+  private:
+    int m_Descriptor = -1;
+};

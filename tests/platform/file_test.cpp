@@ -1,0 +1,142 @@
+#include <filesystem>
+#include <string>
+
+#include <gtest/gtest.h>
+#include <platform/file.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr UINT kToRead = CFile::typeBinary | CFile::shareDenyWrite | CFile::modeRead;
+constexpr UINT kToWrite =
+    CFile::typeBinary | CFile::modeCreate | CFile::shareExclusive | CFile::modeWrite;
+static_assert(kToRead == 0x8020 && kToWrite == 0x9011);
+
+class FileTest : public testing::Test {
+  protected:
+    FileTest() : m_Folder(testing::TempDir() + "kvdraw_file_XXXXXX") {
+        EXPECT_NE(mkdtemp(m_Folder.data()), nullptr);
+    }
+    ~FileTest() override { std::filesystem::remove_all(m_Folder); }
+
+    std::string Path(const std::string& name) const { return m_Folder + "/" + name; }
+    std::string Written(const std::string& name, const std::string& bytes) const {
+        CFile file;
+        EXPECT_TRUE(file.Open(Path(name).c_str(), kToWrite));
+        file.Write(bytes.data(), static_cast<UINT>(bytes.size()));
+        return Path(name);
+    }
+    static int Cause(const std::string& path, UINT flags) {
+        CFileException error;
+        CFile file;
+        return file.Open(path.c_str(), flags, &error) ? CFileException::none : error.m_cause;
+    }
+
+    std::string m_Folder;
+};
+
+template <typename Call>
+int Thrown(Call call) {
+    try {
+        call();
+    } catch (const CFileException& error) {
+        return error.m_cause;
+    }
+    return CFileException::none;
+}
+
+TEST_F(FileTest, ReadsShortAtTheEndAndSeeksFromThreePlaces) {
+    const std::string path = Written("a", "0123456789");
+    CFile file;
+    ASSERT_TRUE(file.Open(path.c_str(), kToRead));
+    EXPECT_EQ(file.GetLength(), 10U);
+    char bytes[16] = {};
+    EXPECT_EQ(file.Seek(-3, CFile::end), 7U);
+    EXPECT_EQ(file.Read(bytes, 16), 3U);
+    EXPECT_STREQ(bytes, "789");
+    EXPECT_EQ(file.Read(bytes, 16), 0U);
+    file.SeekToBegin();
+    EXPECT_EQ(file.Seek(4, CFile::current), 4U);
+    EXPECT_EQ(file.Seek(std::int64_t{1} << 40, CFile::begin), std::uint64_t{1} << 40);
+    EXPECT_EQ(file.GetPosition(), std::uint64_t{1} << 40);
+    EXPECT_EQ(Thrown([&] { file.Seek(-1, CFile::begin); }), CFileException::badSeek);
+    EXPECT_EQ(Thrown([&] { file.Seek(0, 3); }), CFileException::badSeek);
+}
+
+TEST_F(FileTest, FailedOpensNameTheirCause) {
+    mkfifo(Path("pipe").c_str(), 0600);
+    const std::string file = Written("file", "x");
+    EXPECT_EQ(Cause(Path("missing"), kToRead), CFileException::fileNotFound);
+    EXPECT_EQ(Cause(Path("no/such"), kToRead), CFileException::badPath);
+    EXPECT_EQ(Cause(Path("no/such"), kToWrite), CFileException::badPath);
+    EXPECT_EQ(Cause(file + "/below", kToRead), CFileException::badPath);
+    EXPECT_EQ(Cause(Path(std::string(5000, 'x')), kToRead), CFileException::badPath);
+    EXPECT_EQ(Cause("", kToRead), CFileException::badPath);
+    EXPECT_EQ(Cause(m_Folder, kToRead), CFileException::accessDenied);
+    EXPECT_EQ(Cause(m_Folder, kToWrite), CFileException::accessDenied);
+    EXPECT_EQ(Cause(Path("pipe"), kToRead), CFileException::accessDenied);
+    EXPECT_FALSE(CFile().Open(nullptr, kToRead));
+}
+
+TEST_F(FileTest, ShareModesHold) {
+    const std::string path = Written("a", "kept");
+    CFile reader;
+    ASSERT_TRUE(reader.Open(path.c_str(), kToRead));
+    EXPECT_EQ(Cause(path, kToRead), CFileException::none);
+    EXPECT_EQ(Cause(path, kToWrite), CFileException::sharingViolation);
+    EXPECT_EQ(reader.GetLength(), 4U) << "a refused writer must not have emptied the file";
+    reader.Close();
+
+    CFile writer;
+    ASSERT_TRUE(writer.Open(path.c_str(), kToWrite));
+    EXPECT_EQ(writer.GetLength(), 0U);
+    EXPECT_EQ(Cause(path, kToRead), CFileException::sharingViolation);
+    EXPECT_EQ(Cause(path, CFile::shareDenyNone | CFile::modeRead), CFileException::none);
+    EXPECT_FALSE(writer.Open(path.c_str(), kToWrite)) << "one object, one file";
+    writer.Close();
+    EXPECT_EQ(Cause(path, kToRead), CFileException::none);
+}
+
+TEST_F(FileTest, CreatesEmptiesAndKeeps) {
+    const std::string path = Written("a", "12345");
+    CFile file;
+    ASSERT_TRUE(
+        file.Open(path.c_str(), CFile::modeCreate | CFile::modeNoTruncate | CFile::modeReadWrite));
+    EXPECT_EQ(file.GetLength(), 5U);
+    file.Write("ab", 2);
+    file.SeekToBegin();
+    char bytes[6] = {};
+    EXPECT_EQ(file.Read(bytes, 5), 5U);
+    EXPECT_STREQ(bytes, "ab345");
+}
+
+TEST_F(FileTest, FailedOperationsThrow) {
+    char byte = 0;
+    CFile closed;
+    EXPECT_EQ(Thrown([&] { closed.Read(&byte, 1); }), CFileException::invalidFile);
+    EXPECT_EQ(Thrown([&] { closed.GetLength(); }), CFileException::invalidFile);
+    EXPECT_NO_THROW(closed.Close());
+
+    CFile reader;
+    ASSERT_TRUE(reader.Open(Written("a", "x").c_str(), kToRead));
+    EXPECT_EQ(Thrown([&] { reader.Write(&byte, 1); }), CFileException::invalidFile);
+
+    CFile full;
+    ASSERT_TRUE(full.Open("/dev/full", kToWrite));
+    EXPECT_EQ(Thrown([&] { full.Write(&byte, 1); }), CFileException::diskFull);
+}
+
+TEST_F(FileTest, RunningOutOfDescriptorsIsTooManyOpenFiles) {
+    const std::string path = Written("a", "x");
+    rlimit before{};
+    getrlimit(RLIMIT_NOFILE, &before);
+    const rlimit none{0, before.rlim_max};
+    setrlimit(RLIMIT_NOFILE, &none);
+    const int cause = Cause(path, kToRead);
+    setrlimit(RLIMIT_NOFILE, &before);
+    EXPECT_EQ(cause, CFileException::tooManyOpenFiles);
+}
+
+}  // namespace

@@ -1,0 +1,94 @@
+#include <cerrno>
+#include <string>
+
+#include <gtest/gtest.h>
+#include <platform/exception.h>
+#include <platform/string.h>
+
+#include "platform/mbcs.h"
+
+namespace {
+
+TEST(String, TakesItsOwnTextAndKeepsZeroBytes) {
+    CString text("abcdef");
+    text = static_cast<const char*>(text) + 2;
+    EXPECT_STREQ(text, "cdef");
+    text += text;
+    EXPECT_EQ(text, "cdefcdef");
+
+    const CString bytes("a\0b", 3);
+    EXPECT_EQ(bytes.GetLength(), 3);
+    EXPECT_FALSE(bytes == "a");
+    EXPECT_TRUE(CString(nullptr).IsEmpty());
+    EXPECT_TRUE(CString("x", -1).IsEmpty());
+    EXPECT_THROW(CString("x").SetAt(1, 'y'), CInvalidArgException);
+}
+
+TEST(String, PointerStaysBetweenChangesAndCopiesAreApart) {
+    CString first("a text too long for a small buffer");
+    const char* pointer = first;
+    CString second = first;
+    second += '!';
+    EXPECT_EQ(static_cast<const char*>(first), pointer);
+    EXPECT_STREQ(pointer, "a text too long for a small buffer");
+}
+
+TEST(StringArray, ChecksItsRange) {
+    CStringArray list;
+    EXPECT_THROW(list[0], CInvalidArgException);
+    EXPECT_EQ(list.Add("x"), 0);
+    EXPECT_EQ(list.Add(list[0]), 1);
+    EXPECT_THROW(list.GetAt(-1), CInvalidArgException);
+    EXPECT_THROW(list.GetAt(2), CInvalidArgException);
+    EXPECT_EQ(list.GetAt(1), "x");
+}
+
+TEST(Multibyte, LeadBytesAreExactlyTheCodePagesTwoRanges) {
+    for (unsigned int byte = 0; byte < 256; ++byte) {
+        const bool lead = (byte > 0x80 && byte < 0xA0) || (byte > 0xDF && byte < 0xFD);
+        EXPECT_EQ(kv::_ismbblead(byte), lead) << byte;
+    }
+}
+
+TEST(Multibyte, CountsCharactersWithALoneLeadByteAtTheEnd) {
+    struct Case {
+        const char* text;
+        std::size_t characters;
+        std::size_t firstBytes;
+        unsigned int code;
+    };
+    const Case cases[] = {
+        {"", 0, 0, 0},
+        {"a", 1, 1, 'a'},
+        {"\x82\xA0", 1, 2, 0x82A0},
+        {"\x82", 1, 1, 0x82},
+        {"\xB1z", 2, 1, 0xB1},               // half-width katakana
+        {"\x83\x5C\x83\x5C", 2, 2, 0x835C},  // trail byte like a backslash
+        {"\x82\xA0\xFC", 2, 2, 0x82A0},
+        {"\xFC\xFC\xFC", 2, 2, 0xFCFC},
+        {"\xFD\x80\xA0", 3, 1, 0xFD},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(kv::_mbslen(c.text), c.characters) << c.text;
+        EXPECT_EQ(kv::_mbsnbcnt(c.text, 1), c.firstBytes) << c.text;
+        EXPECT_EQ(kv::_mbsinc(c.text), c.text + c.firstBytes) << c.text;
+        EXPECT_EQ(kv::CharCode(c.text), c.code) << c.text;
+        EXPECT_EQ(kv::_mbsninc(c.text, 99), c.text + std::string(c.text).size()) << c.text;
+    }
+}
+
+TEST(Multibyte, CopiesWholeCharactersOnly) {
+    char target[4] = "zzz";
+    EXPECT_EQ(kv::_mbsnbcpy_s(target, 4, "a\x82\xA0", 2), 0);
+    EXPECT_STREQ(target, "a");
+    EXPECT_EQ(kv::_mbsnbcpy_s(target, 4, "a\x82\xA0", 9), 0);
+    EXPECT_STREQ(target, "a\x82\xA0");
+    EXPECT_EQ(kv::_mbsnbcpy_s(target, 4, "\x82", 1), 0);
+    EXPECT_STREQ(target, "\x82");
+    EXPECT_EQ(kv::_mbsnbcpy_s(target, 2, "\x82\xA0", 2), ERANGE);
+    EXPECT_STREQ(target, "");
+    EXPECT_EQ(kv::_mbsnbcpy_s(target, 4, nullptr, 2), EINVAL);
+    EXPECT_EQ(kv::_mbsnbcpy_s(nullptr, 4, "a", 1), EINVAL);
+}
+
+}  // namespace
