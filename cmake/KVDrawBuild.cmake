@@ -16,6 +16,10 @@ if(KVDRAW_SANITIZE)
   add_link_options(-fsanitize=${KVDRAW_SANITIZE})
 endif()
 
+if(KVDRAW_BUILD_FUZZERS)
+  add_compile_options(-fsanitize=fuzzer-no-link)  # coverage for the fuzzer, in the library too
+endif()
+
 # The shared library, its static twin with every symbol visible to the tests, and the package files.
 macro(kvdraw_add_library_targets)
   add_library(kvdraw SHARED)
@@ -23,7 +27,9 @@ macro(kvdraw_add_library_targets)
   set_target_properties(kvdraw PROPERTIES
     VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
   target_compile_features(kvdraw PUBLIC cxx_std_20)
-  target_link_options(kvdraw PRIVATE $<$<NOT:$<BOOL:${KVDRAW_SANITIZE}>>:-Wl,--no-undefined>)
+  if(NOT KVDRAW_SANITIZE)
+    target_link_options(kvdraw PRIVATE -Wl,--no-undefined)
+  endif()
   target_link_libraries(kvdraw PRIVATE kvdraw_objects
     PkgConfig::FREETYPE PkgConfig::FONTCONFIG PkgConfig::HARFBUZZ Threads::Threads)
   target_include_directories(kvdraw PUBLIC
@@ -48,4 +54,20 @@ endfunction()
 function(kvdraw_bench name)
   add_executable(${name} ${ARGN})
   target_link_libraries(${name} PRIVATE kvdraw_internal kvdraw_settings benchmark::benchmark_main)
+endfunction()
+
+# kvdraw_fuzzer(NAME SOURCE SEEDS): a fuzz target NAME for libFuzzer, when fuzzers are built, and a test
+# NAME that runs the target over the files of the folder SEEDS, when tests are.
+function(kvdraw_fuzzer name source seeds)
+  if(KVDRAW_BUILD_FUZZERS)
+    add_executable(${name} ${source})
+    target_link_libraries(${name} PRIVATE kvdraw_internal kvdraw_settings)
+    target_link_options(${name} PRIVATE -fsanitize=fuzzer)
+  endif()
+  if(KVDRAW_BUILD_TESTS)
+    add_executable(${name}_replay ${source} ${PROJECT_SOURCE_DIR}/tests/fuzz/replay_main.cpp)
+    target_link_libraries(${name}_replay PRIVATE kvdraw_internal kvdraw_settings)
+    add_test(NAME ${name} COMMAND ${name}_replay ${CMAKE_CURRENT_SOURCE_DIR}/${seeds})
+    set_tests_properties(${name} PROPERTIES TIMEOUT 300)
+  endif()
 endfunction()
