@@ -1,18 +1,19 @@
 #pragma once
 
+#include <memory>
+
 #include <platform/font.h>
 #include <platform/geometry.h>
-#include <memory>
 
 namespace kv::gdi {
 class BitSurface;
-class FontInstance;
+struct FontInstance;
 }  // namespace kv::gdi
 
 inline constexpr DWORD BLACKNESS = 0x42;
 
-/// A font handle: a shared reference to a font made from a logical description. Copies name the same
-/// font, which lives until the last handle, a context's included, is gone.
+/// A font handle: a shared reference to a font made from a logical description. Copies name the
+/// same font, which lives until the last handle, a context's included, is gone.
 class CFont {
   public:
     CFont() = default;
@@ -30,8 +31,8 @@ class CBitmap {
   public:
     CBitmap() = default;
 
-    /// A cleared one-bit bitmap. False, and a null handle, for a size below 1 by 1, any other depth,
-    /// initial bits that are not null, or no memory.
+    /// A cleared one-bit bitmap. False, and a null handle, for a size below 1 by 1, any other
+    /// depth, initial bits that are not null, or no memory.
     bool CreateBitmap(LONG width, LONG height, UINT planes, UINT bitCount, const void* bits);
     void DeleteObject() { m_Surface.reset(); }
     bool IsNull() const { return m_Surface == nullptr; }
@@ -59,15 +60,22 @@ class CDC {
 
     /// Distance added after every character, the last included. Gives back the old one.
     LONG SetTextCharacterExtra(LONG extra);
-    /// Distance added to each of count break characters of a string; stays until changed.
+    /// Shares a distance out among count break characters: every one of a string (byte 32, not the
+    /// ideographic space) gets distance / count added, cut toward zero. Stays until changed; a
+    /// count below 1 ends it.
     void SetTextJustification(LONG distance, LONG count);
+    /// Of a colour the one-bit picture keeps whether it is black; any other one sets bits.
     COLORREF SetTextColor(COLORREF colour);
     COLORREF SetBkColor(COLORREF colour);
 
     bool GetTextMetricsA(TEXTMETRICA* metric) const;
+    /// Text is bytes in code page 932, delimited by the count alone; advances are whole pixels.
     /// cx is the length along the line, cy the height of the cell, whatever the font's angle.
     bool GetTextExtentPoint32A(const char* text, int byteCount, tagSIZE* extent) const;
-    /// The point is the start of the cell's upper edge in the direction of writing.
+    /// Fills the box of the string's extent with the background colour, then draws all glyphs,
+    /// clipped to the bitmap. The point is the start of the cell's upper edge in the direction of
+    /// writing; with an escapement of -900 the upright pixel (u, v) of the cell goes to (x - 1 - v,
+    /// y + u). False without a font, a bitmap, a valid text or memory.
     bool TextOutA(LONG x, LONG y, const char* text, int byteCount);
     /// The one raster operation known is BLACKNESS; the source is null.
     bool BitBlt(LONG x, LONG y, LONG width, LONG height, CDC* source, LONG sourceX, LONG sourceY,
@@ -78,7 +86,6 @@ class CDC {
     CBitmap m_Bitmap;
     LONG m_CharacterExtra = 0;
     LONG m_BreakExtra = 0;
-    LONG m_BreakCount = 0;
     COLORREF m_TextColor = 0;
     COLORREF m_BkColor = 0xFFFFFF;
 };

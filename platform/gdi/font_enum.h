@@ -1,7 +1,8 @@
 #pragma once
 
-#include <platform/font.h>
 #include <cstdint>
+
+#include <platform/font.h>
 
 /// The display's device context. The layer has one display, which is always there.
 using HDC = void*;

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <cstdint>
+
+#include "platform/gdi/affine.h"
+#include "platform/gdi/bit_surface.h"
+#include "platform/gdi/scan_converter.h"
+#include "platform/gdi/text_line.h"
+
+namespace kv::gdi {
+
+/// Where a line goes and in what: pixels of the surface, the start of the cell's upper edge.
+struct TextTarget {
+    BitSurface& surface;
+    std::int64_t x;
+    std::int64_t y;
+    bool ink;    ///< what glyphs write
+    bool paper;  ///< what the box of the line is filled with first
+};
+
+/// Draws lines in one font. Lengths along a line and down from its cell's upper edge are called u
+/// and v; the font's escapement turns them about the start of that edge.
+class TextPainter {
+  public:
+    explicit TextPainter(const FontInstance& font) : m_Font(font) {}
+
+    /// Fills the line's box, then draws all glyphs. False when there is no memory.
+    bool Draw(const TextLine& line, const TextTarget& target);
+
+  private:
+    /// Half-open bounds in whole pixels.
+    struct Box {
+        std::int64_t left, top, right, bottom;
+    };
+
+    const GlyphOutline& OutlineOf(const TextLine& line, const PlacedGlyph& placed) const;
+    Affine GlyphToCell(const PlacedGlyph& placed, const GlyphOutline& outline) const;
+    Box InkBox(const TextLine& line) const;
+
+    void FillPaper(const TextLine& line, const TextTarget& target, const Affine& turn);
+    void DrawUpright(const TextLine& line, const TextTarget& target);
+    bool DrawDownwards(const TextLine& line, const TextTarget& target);
+    void DrawTurned(const TextLine& line, const TextTarget& target, const Affine& turn);
+
+    const FontInstance& m_Font;
+    ScanConverter m_Converter;
+    Contours m_Contours;
+};
+
+}  // namespace kv::gdi
