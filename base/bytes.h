@@ -1,0 +1,63 @@
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
+// Reading and writing of stored bytes. Nothing is touched outside the span given.
+namespace kv {
+
+class ByteReader {
+  public:
+    explicit ByteReader(std::span<const std::uint8_t> bytes) : m_Rest(bytes) {}
+
+    std::size_t Remaining() const { return m_Rest.size(); }
+
+    /// The next count bytes, or all that is left when there are fewer.
+    std::span<const std::uint8_t> Take(std::size_t count) {
+        const auto taken = m_Rest.first(std::min(count, m_Rest.size()));
+        m_Rest = m_Rest.subspan(taken.size());
+        return taken;
+    }
+
+    /// Bytes that are not there read as 0.
+    std::uint8_t U8() {
+        const auto taken = Take(1);
+        return taken.empty() ? std::uint8_t{0} : taken[0];
+    }
+    std::uint16_t U16Le() {
+        const std::uint8_t low = U8();
+        return static_cast<std::uint16_t>(low | U8() << 8);
+    }
+
+  private:
+    std::span<const std::uint8_t> m_Rest;
+};
+
+/// What finds no room is dropped.
+class ByteWriter {
+  public:
+    explicit ByteWriter(std::span<std::uint8_t> bytes) : m_Rest(bytes) {}
+
+    void U8(std::uint8_t value) {
+        if (!m_Rest.empty()) {
+            m_Rest[0] = value;
+            m_Rest = m_Rest.subspan(1);
+        }
+    }
+    void U16Le(std::uint16_t value) {
+        U8(static_cast<std::uint8_t>(value & 0xFF));
+        U8(static_cast<std::uint8_t>(value >> 8));
+    }
+    void Bytes(std::span<const std::uint8_t> bytes) {
+        for (const std::uint8_t byte : bytes) {
+            U8(byte);
+        }
+    }
+
+  private:
+    std::span<std::uint8_t> m_Rest;
+};
+
+}  // namespace kv
