@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <limits>
 
+#include "platform/gdi/bit_run.h"
+
 namespace kv::gdi {
 
 namespace {
@@ -23,8 +25,16 @@ Clip BitSink::Bounds() const {
 }
 
 void BitSink::Row(std::int32_t row, std::span<const Run> runs) {
+    // Rows of a wide surface lie too far apart for the processor to foresee the next one.
+    constexpr std::int32_t kAhead = 4;
+    const std::int32_t target = row + m_Y;
+    std::uint8_t* const bits = m_Surface.Row(target);
+    const std::size_t ahead = target < m_Surface.Height() - kAhead ? kAhead * m_Surface.Stride() : 0;
     for (const Run& run : runs) {
-        m_Surface.FillRun(row + m_Y, run.begin + m_X, run.end + m_X, m_Value);
+        const auto begin = static_cast<std::uint32_t>(run.begin + m_X);
+        const auto end = static_cast<std::uint32_t>(run.end + m_X);
+        __builtin_prefetch(bits + ahead + begin / 8, 1);
+        FillBits(bits, begin, end, m_Value);
     }
 }
 

@@ -1,38 +1,20 @@
 #include "platform/gdi/bit_surface.h"
 
 #include <algorithm>
-#include <bit>
-#include <cstring>
 #include <new>
 
+#include "platform/gdi/bit_run.h"
+
 namespace kv::gdi {
-
-namespace {
-
-// A run is written in 64-bit words counted from the row's start; the last word of the last row may
-// reach beyond the rows by less than this.
-constexpr std::size_t kSlack = sizeof(std::uint64_t);
-
-/// The mask is in reading order: its top bit is the leftmost pixel.
-void Apply(std::uint8_t* bytes, std::uint64_t mask, bool value) {
-    if constexpr (std::endian::native == std::endian::little) {
-        mask = __builtin_bswap64(mask);
-    }
-    std::uint64_t word = 0;
-    std::memcpy(&word, bytes, sizeof word);
-    word = value ? word | mask : word & ~mask;
-    std::memcpy(bytes, &word, sizeof word);
-}
-
-}  // namespace
 
 std::shared_ptr<BitSurface> BitSurface::Create(std::int32_t width, std::int32_t height) {
     if (width < 1 || height < 1) {
         return nullptr;
     }
-    // At most 2^28 bytes a row and 2^31 rows: no overflow.
+    // At most 2^28 bytes a row and 2^31 rows: no overflow. The word more is what the last run of
+    // the last row may reach into.
     const std::uint64_t stride = (std::uint64_t(width) + 15) / 16 * 2;
-    const std::uint64_t size = stride * std::uint64_t(height) + kSlack;
+    const std::uint64_t size = stride * std::uint64_t(height) + sizeof(BitWord);
     std::shared_ptr<BitSurface> surface(new (std::nothrow) BitSurface);
     if (!surface) {
         return nullptr;
@@ -49,23 +31,10 @@ std::shared_ptr<BitSurface> BitSurface::Create(std::int32_t width, std::int32_t 
 }
 
 void BitSurface::FillRun(std::int32_t row, std::int32_t begin, std::int32_t end, bool value) {
-    if (begin >= end) {
-        return;
+    if (begin < end) {
+        FillBits(Row(row), static_cast<std::uint32_t>(begin), static_cast<std::uint32_t>(end),
+                 value);
     }
-    const auto first = static_cast<std::uint32_t>(begin);
-    const auto last = static_cast<std::uint32_t>(end - 1);
-    const std::uint64_t head = ~std::uint64_t{0} >> (first % 64);
-    const std::uint64_t tail = ~std::uint64_t{0} << (63 - last % 64);
-    std::uint8_t* const firstWord = Row(row) + first / 64 * sizeof(std::uint64_t);
-    std::uint8_t* const lastWord = Row(row) + last / 64 * sizeof(std::uint64_t);
-    if (firstWord == lastWord) {
-        Apply(firstWord, head & tail, value);
-        return;
-    }
-    Apply(firstWord, head, value);
-    std::uint8_t* const middle = firstWord + sizeof(std::uint64_t);
-    std::memset(middle, value ? 0xFF : 0, static_cast<std::size_t>(lastWord - middle));
-    Apply(lastWord, tail, value);
 }
 
 void BitSurface::FillRect(std::int64_t left, std::int64_t top, std::int64_t right,

@@ -22,7 +22,9 @@ inline int CountChords(int degree, double secondDifference, double flatness) {
 }
 
 inline double SecondDifference(PathPoint a, PathPoint b, PathPoint c) {
-    return std::hypot(a.x - 2.0 * b.x + c.x, a.y - 2.0 * b.y + c.y);
+    const double x = a.x - 2.0 * b.x + c.x;
+    const double y = a.y - 2.0 * b.y + c.y;
+    return std::sqrt(x * x + y * y);
 }
 
 /// Calls emit with the end of each chord in order; the last is exactly `to`.

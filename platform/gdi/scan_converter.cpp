@@ -11,11 +11,11 @@ using Wide = __int128;
 
 // Within this distance a product of two differences fits 128 bits, and the walk fits 64 bits.
 constexpr std::int64_t kFarthest = std::int64_t{1} << 52;
-// Factors below this keep the setup of an edge within 64 bits.
-constexpr std::int64_t kSmall = std::int64_t{1} << 30;
+// Factors below this keep the setup of an edge within the 53 bits of a double.
+constexpr std::int64_t kSmall = std::int64_t{1} << 26;
 constexpr std::uint32_t kNone = std::numeric_limits<std::uint32_t>::max();
-// Moves per edge after which a row is sorted anew rather than mended.
-constexpr std::size_t kMovesPerEdge = 8;
+// Moves a crossing after which a row is sorted anew rather than mended.
+constexpr std::size_t kMovesPerCrossing = 8;
 
 /// Moves the origin to the centre of pixel (0, 0): centres are then whole multiples of kSubpixels.
 FixedPoint FromCentre(const FixedPoint& point) {
@@ -28,21 +28,32 @@ constexpr std::int64_t FirstCentre(std::int64_t position) {
     return (position + kSubpixels - 1) >> kSubpixelBits;
 }
 
-template <typename T>
-constexpr T FloorDivide(T dividend, T divisor) {
-    const T quotient = dividend / divisor;
-    return dividend % divisor < 0 ? quotient - 1 : quotient;
+struct Division {
+    std::int64_t quotient;
+    std::int64_t remainder;
+};
+
+/// Floor and remainder, for operands up to 2^53 in size. The double quotient is right to half a
+/// unit in its last place, so that cut to an integer it is the floor or one more; several times as
+/// quick as dividing integers.
+Division FloorDivide(std::int64_t dividend, std::int64_t divisor) {
+    const auto quotient =
+        static_cast<std::int64_t>(static_cast<double>(dividend) / static_cast<double>(divisor));
+    const std::int64_t remainder = dividend - quotient * divisor;
+    const std::int64_t borrow = remainder >> 63;
+    return {quotient + borrow, remainder + (borrow & divisor)};
 }
 
-/// Puts an edge onto the row `drop` below its upper end. The crossing is at
-/// (x * height + drop * width) / (height * kSubpixels) columns; the column is its ceiling.
-template <typename T>
-void Place(ScanConverter::Edge& edge, std::int64_t x, std::int64_t width, std::int64_t height,
-           std::int64_t drop) {
-    const T crossing = T{x} * height + T{drop} * width;
-    const T column = -FloorDivide<T>(-crossing, T{edge.divisor});
-    edge.column = static_cast<std::int64_t>(column);
-    edge.deficit = static_cast<std::int64_t>(column * edge.divisor - crossing);
+Division FloorDivide(Wide dividend, std::int64_t divisor) {
+    const Wide quotient = dividend / divisor;
+    const Wide remainder = dividend % divisor;
+    const Wide borrow = remainder < 0 ? 1 : 0;
+    return {static_cast<std::int64_t>(quotient - borrow),
+            static_cast<std::int64_t>(remainder + borrow * divisor)};
+}
+
+constexpr std::size_t Index(std::int32_t row, std::int32_t firstRow) {
+    return static_cast<std::size_t>(std::int64_t{row} - firstRow);
 }
 
 }  // namespace
@@ -52,11 +63,18 @@ void ScanConverter::Convert(const Contours& contours, FillRule rule, const Clip&
     if (clip.left >= clip.right || clip.top >= clip.bottom) {
         return;
     }
-    Collect(contours, clip);
+    m_Edges.clear();
+    m_FirstRow = clip.bottom;
+    m_EndRow = clip.top;
+    std::size_t begin = 0;
+    for (const std::size_t end : contours.ends) {
+        AddContour(std::span(contours.points).subspan(begin, end - begin), clip);
+        begin = end;
+    }
     if (m_Edges.empty()) {
         return;
     }
-    LinkStarts();
+    ListStarts();
     if (rule == FillRule::kAlternate) {
         Walk<FillRule::kAlternate>(clip, sink);
     } else {
@@ -64,22 +82,19 @@ void ScanConverter::Convert(const Contours& contours, FillRule rule, const Clip&
     }
 }
 
-void ScanConverter::Collect(const Contours& contours, const Clip& clip) {
-    m_Edges.clear();
-    m_Starts.clear();
-    m_FirstRow = clip.bottom;
-    m_EndRow = clip.top;
-    std::size_t begin = 0;
-    for (const std::size_t end : contours.ends) {
-        if (begin < end) {
-            FixedPoint from = FromCentre(contours.points[end - 1]);
-            for (std::size_t i = begin; i < end; ++i) {
-                const FixedPoint to = FromCentre(contours.points[i]);
-                Add(from, to, clip);
-                from = to;
-            }
-        }
-        begin = end;
+void ScanConverter::AddContour(std::span<const FixedPoint> points, const Clip& clip) {
+    if (points.empty()) {
+        return;
+    }
+    const std::size_t first = m_Edges.size();
+    FixedPoint from = FromCentre(points.back());
+    for (const FixedPoint& point : points) {
+        const FixedPoint to = FromCentre(point);
+        Add(from, to, clip);
+        from = to;
+    }
+    for (std::size_t i = first; i < m_Edges.size(); ++i) {
+        Chain(i, i + 1 < m_Edges.size() ? i + 1 : first);
     }
 }
 
@@ -101,102 +116,132 @@ void ScanConverter::Add(const FixedPoint& from, const FixedPoint& to, const Clip
               .columnStep = 0,
               .deficitStep = 0,
               .divisor = height * kSubpixels,
+              .firstRow = static_cast<std::int32_t>(first),
               .endRow = static_cast<std::int32_t>(end),
-              .winding = down ? 1 : -1};
+              .follow = kNone,
+              .next = kNone,
+              .winding = down ? 1 : -1,
+              .follows = false};
     // An edge left of the clip counts where the clip begins.
     if (FirstCentre(std::max(from.x, to.x)) > clip.left) {
-        const bool small = std::abs(upper.x) < kSmall && std::abs(width) < kSmall &&
-                           height < kSmall && drop < kSmall;
-        if (small) {
-            Place<std::int64_t>(edge, upper.x, width, height, drop);
+        if (std::abs(upper.x) < kSmall && std::abs(width) < kSmall && height < kSmall) {
+            Place<std::int64_t>(edge, upper.x, width, drop);
         } else {
-            Place<Wide>(edge, upper.x, width, height, drop);
+            Place<Wide>(edge, upper.x, width, drop);
         }
         if (end - first > 1) {
-            edge.columnStep = FloorDivide(width, height);
-            edge.deficitStep = (width - edge.columnStep * height) * kSubpixels;
+            const auto [step, rest] = FloorDivide(width, height);
+            edge.columnStep = step;
+            edge.deficitStep = rest * kSubpixels;
         }
     }
     m_Edges.push_back(edge);
-    m_Starts.push_back({static_cast<std::int32_t>(first), kNone});
-    m_FirstRow = std::min(m_FirstRow, static_cast<std::int32_t>(first));
+    m_FirstRow = std::min(m_FirstRow, edge.firstRow);
     m_EndRow = std::max(m_EndRow, edge.endRow);
 }
 
-void ScanConverter::LinkStarts() {
-    const auto rows = static_cast<std::size_t>(std::int64_t{m_EndRow} - m_FirstRow);
-    m_Heads.assign(rows, kNone);
-    for (std::size_t i = 0; i < m_Starts.size(); ++i) {
-        std::uint32_t& head =
-            m_Heads[static_cast<std::size_t>(std::int64_t{m_Starts[i].row} - m_FirstRow)];
-        m_Starts[i].next = head;
-        head = static_cast<std::uint32_t>(i);
+/// Puts an edge onto the row `drop` below its upper end at x. The crossing is at
+/// (x * height + drop * width) / (height * kSubpixels) columns; the column is its ceiling.
+template <typename T>
+void ScanConverter::Place(Edge& edge, std::int64_t x, std::int64_t width, std::int64_t drop) {
+    const T height = edge.divisor / kSubpixels;
+    const T crossing = T{x} * height + T{drop} * width;
+    const auto [floor, rest] = FloorDivide(-crossing, edge.divisor);
+    edge.column = -floor;
+    edge.deficit = rest;
+}
+
+/// Where two neighbouring sides run on in the same sense, the lower one takes the place of the
+/// upper one in the row, which is cheaper than entering anew. Any pair of which one begins where
+/// the other ends would do.
+void ScanConverter::Chain(std::size_t from, std::size_t to) {
+    const bool down = m_Edges[from].winding > 0;
+    const std::size_t upper = down ? from : to;
+    const std::size_t lower = down ? to : from;
+    if (m_Edges[upper].winding == m_Edges[lower].winding &&
+        m_Edges[upper].endRow == m_Edges[lower].firstRow) {
+        m_Edges[upper].follow = static_cast<std::uint32_t>(lower);
+        m_Edges[lower].follows = true;
+    }
+}
+
+void ScanConverter::ListStarts() {
+    m_Heads.assign(Index(m_EndRow, m_FirstRow), kNone);
+    for (std::size_t i = 0; i < m_Edges.size(); ++i) {
+        if (!m_Edges[i].follows) {
+            std::uint32_t& head = m_Heads[Index(m_Edges[i].firstRow, m_FirstRow)];
+            m_Edges[i].next = head;
+            head = static_cast<std::uint32_t>(i);
+        }
     }
 }
 
 template <FillRule kRule>
 void ScanConverter::Walk(const Clip& clip, RunSink& sink) {
-    m_Active.clear();
-    m_NextEnd = m_EndRow;
+    m_Crossings.clear();
     for (std::int32_t row = m_FirstRow; row < m_EndRow; ++row) {
+        m_Moves = m_Crossings.size() * kMovesPerCrossing + 1;
+        Advance(row);
         Enter(row);
-        Sort();
+        if (m_Moves == 0) {
+            std::sort(m_Crossings.begin(), m_Crossings.end(),
+                      [](const Crossing& a, const Crossing& b) { return a.column < b.column; });
+        }
         const std::size_t count = MakeRuns<kRule>(clip);
         if (count > 0) {
             sink.Row(row, std::span<const Run>(m_Runs.data(), count));
         }
-        if (row + 1 == m_NextEnd) {
-            Retire(row + 1);
-        }
-        for (Edge& edge : m_Active) {
-            edge.Step();
-        }
     }
 }
 
-/// Drops the edges that end above the row and finds the next row where some end.
-void ScanConverter::Retire(std::int32_t row) {
-    std::erase_if(m_Active, [row](const Edge& edge) { return edge.endRow == row; });
-    m_NextEnd = m_EndRow;
-    for (const Edge& edge : m_Active) {
-        m_NextEnd = std::min(m_NextEnd, edge.endRow);
+/// Takes the crossings of the row above to this one.
+void ScanConverter::Advance(std::int32_t row) {
+    std::size_t kept = 0;
+    for (std::size_t i = 0; i < m_Crossings.size(); ++i) {
+        Crossing crossing = m_Crossings[i];
+        Edge& edge = m_Edges[crossing.edge];
+        if (edge.endRow != row) {
+            const std::int64_t left = edge.deficit - edge.deficitStep;
+            const std::int64_t borrow = left >> 63;
+            edge.deficit = left + (borrow & edge.divisor);
+            crossing.column += edge.columnStep - borrow;
+        } else if (edge.follow != kNone) {
+            crossing.edge = edge.follow;
+            crossing.column = m_Edges[edge.follow].column;
+        } else {
+            continue;
+        }
+        Insert(kept++, crossing);
     }
+    m_Crossings.resize(kept);
 }
 
 void ScanConverter::Enter(std::int32_t row) {
-    std::uint32_t next = m_Heads[static_cast<std::size_t>(std::int64_t{row} - m_FirstRow)];
-    for (; next != kNone; next = m_Starts[next].next) {
-        m_Active.push_back(m_Edges[next]);
-        m_NextEnd = std::min(m_NextEnd, m_Edges[next].endRow);
+    std::uint32_t next = m_Heads[Index(row, m_FirstRow)];
+    if (next == kNone) {
+        return;
     }
+    for (; next != kNone; next = m_Edges[next].next) {
+        m_Moves += m_Moves > 0 ? kMovesPerCrossing : 0;
+        m_Crossings.emplace_back();
+        Insert(m_Crossings.size() - 1, {m_Edges[next].column, next, m_Edges[next].winding});
+    }
+    m_Runs.resize(std::max(m_Runs.size(), m_Crossings.size() / 2 + 1));
 }
 
-/// By insertion: from row to row few edges change places. Where very many do, as when thousands
-/// begin together, a general sort takes over.
-void ScanConverter::Sort() {
-    std::size_t moves = kMovesPerEdge * m_Active.size();
-    for (std::size_t i = 1; i < m_Active.size(); ++i) {
-        if (m_Active[i - 1].column <= m_Active[i].column) {
-            continue;
-        }
-        const Edge edge = m_Active[i];
-        std::size_t place = i;
-        for (; place > 0 && m_Active[place - 1].column > edge.column && moves > 0; --place) {
-            m_Active[place] = m_Active[place - 1];
-            --moves;
-        }
-        m_Active[place] = edge;
-        if (moves == 0) {
-            std::sort(m_Active.begin(), m_Active.end(),
-                      [](const Edge& a, const Edge& b) { return a.column < b.column; });
-            return;
-        }
+/// Puts a crossing where it belongs among the first `place` ones. From row to row few change
+/// places; where very many do, as when thousands enter together, the row is left for a general
+/// sort.
+void ScanConverter::Insert(std::size_t place, const Crossing& crossing) {
+    for (; place > 0 && m_Crossings[place - 1].column > crossing.column && m_Moves > 0; --place) {
+        m_Crossings[place] = m_Crossings[place - 1];
+        --m_Moves;
     }
+    m_Crossings[place] = crossing;
 }
 
 template <FillRule kRule>
 std::size_t ScanConverter::MakeRuns(const Clip& clip) {
-    m_Runs.resize(std::max(m_Runs.size(), m_Active.size() / 2 + 1));
     Run* const runs = m_Runs.data();
     std::size_t count = 0;
     std::int32_t inside = 0;
@@ -211,14 +256,14 @@ std::size_t ScanConverter::MakeRuns(const Clip& clip) {
             runs[count++] = {begin, end};
         }
     };
-    for (const Edge& edge : m_Active) {
-        if (edge.column >= clip.right) {
+    for (const Crossing& crossing : m_Crossings) {
+        if (crossing.column >= clip.right) {
             break;
         }
         const auto column =
-            static_cast<std::int32_t>(std::max<std::int64_t>(edge.column, clip.left));
+            static_cast<std::int32_t>(std::max<std::int64_t>(crossing.column, clip.left));
         const bool wasInside = inside != 0;
-        inside = kRule == FillRule::kAlternate ? inside ^ 1 : inside + edge.winding;
+        inside = kRule == FillRule::kAlternate ? inside ^ 1 : inside + crossing.winding;
         if (!wasInside) {
             begin = column;
         } else if (inside == 0) {

@@ -45,50 +45,50 @@ class ScanConverter {
     /// coordinate within 2^44 pixels of the origin; points farther out are moved to that distance.
     void Convert(const Contours& contours, FillRule rule, const Clip& clip, RunSink& sink);
 
-    /// One side of a contour where it crosses the centres of the current row.
+  private:
+    /// One side of a contour.
     struct Edge {
-        std::int64_t column;       ///< first pixel whose centre is at the crossing or right of it
+        std::int64_t column;       ///< on the first row: first pixel not left of the crossing
         std::int64_t deficit;      ///< column - crossing in units of 1 / divisor, below divisor
         std::int64_t columnStep;   ///< floor of the columns from one row to the next
         std::int64_t deficitStep;  ///< what the floor left out, in units of 1 / divisor
         std::int64_t divisor;
-        std::int32_t endRow;  ///< first row no longer crossed
+        std::int32_t firstRow;
+        std::int32_t endRow;   ///< first row no longer crossed
+        std::uint32_t follow;  ///< the side that takes over on the end row
+        std::uint32_t next;    ///< another edge that enters on the same row
         std::int32_t winding;
-
-        void Step() {
-            const std::int64_t left = deficit - deficitStep;
-            const std::int64_t borrow = left >> 63;
-            deficit = left + (borrow & divisor);
-            column += columnStep - borrow;
-        }
+        bool follows;
     };
 
-  private:
-    /// Where an edge begins; edges with the same first row form a list.
-    struct Start {
-        std::int32_t row;
-        std::uint32_t next;
+    /// Where an edge crosses the current row.
+    struct Crossing {
+        std::int64_t column;
+        std::uint32_t edge;
+        std::int32_t winding;
     };
 
-    void Collect(const Contours& contours, const Clip& clip);
+    void AddContour(std::span<const FixedPoint> points, const Clip& clip);
     void Add(const FixedPoint& from, const FixedPoint& to, const Clip& clip);
-    void LinkStarts();
+    template <typename T>
+    static void Place(Edge& edge, std::int64_t x, std::int64_t width, std::int64_t drop);
+    void Chain(std::size_t from, std::size_t to);
+    void ListStarts();
     template <FillRule kRule>
     void Walk(const Clip& clip, RunSink& sink);
-    void Retire(std::int32_t row);
+    void Advance(std::int32_t row);
     void Enter(std::int32_t row);
-    void Sort();
+    void Insert(std::size_t place, const Crossing& crossing);
     template <FillRule kRule>
     std::size_t MakeRuns(const Clip& clip);
 
     std::vector<Edge> m_Edges;
-    std::vector<Start> m_Starts;
-    std::vector<std::uint32_t> m_Heads;
-    std::vector<Edge> m_Active;
+    std::vector<std::uint32_t> m_Heads;  // the first of the edges that enter, by row
+    std::vector<Crossing> m_Crossings;   // of the current row, sorted
     std::vector<Run> m_Runs;
+    std::size_t m_Moves = 0;  // how many more crossings may be moved one by one on this row
     std::int32_t m_FirstRow = 0;
     std::int32_t m_EndRow = 0;
-    std::int32_t m_NextEnd = 0;
 };
 
 }  // namespace kv::gdi
