@@ -11,7 +11,16 @@ namespace kv::gdi {
 /// may reach beyond the row by less than its own size.
 using BitWord = std::uint64_t;
 
-/// Sets or clears the bits of a mask in reading order: its top bit is the leftmost pixel.
+inline constexpr std::uint32_t kWordPixels = 64;
+
+/// Eight bytes as a word in reading order: its top bit is the leftmost pixel.
+inline BitWord LoadWord(const std::uint8_t* bytes) {
+    BitWord word = 0;
+    std::memcpy(&word, bytes, sizeof word);
+    return std::endian::native == std::endian::little ? __builtin_bswap64(word) : word;
+}
+
+/// Sets or clears the bits of a mask in reading order.
 inline void ApplyMask(std::uint8_t* bytes, BitWord mask, bool value) {
     if constexpr (std::endian::native == std::endian::little) {
         mask = __builtin_bswap64(mask);
@@ -22,15 +31,24 @@ inline void ApplyMask(std::uint8_t* bytes, BitWord mask, bool value) {
     std::memcpy(bytes, &word, sizeof word);
 }
 
+/// The pixels of a word from `begin`, 0 to 63, on.
+constexpr BitWord MaskFrom(std::uint32_t begin) {
+    return ~BitWord{0} >> begin;
+}
+/// The pixels of a word up to and with `last`, 0 to 63.
+constexpr BitWord MaskThrough(std::uint32_t last) {
+    return ~BitWord{0} << (kWordPixels - 1 - last);
+}
+
 /// Sets or clears pixels begin to end - 1 of a row, at least one.
 inline void FillBits(std::uint8_t* row, std::uint32_t begin, std::uint32_t end, bool value) {
     // Beyond this a call of the library's fill is quicker than a loop.
     constexpr std::ptrdiff_t kLong = 256;
     const std::uint32_t last = end - 1;
-    const BitWord head = ~BitWord{0} >> (begin % 64);
-    const BitWord tail = ~BitWord{0} << (63 - last % 64);
-    std::uint8_t* word = row + begin / 64 * sizeof(BitWord);
-    std::uint8_t* const lastWord = row + last / 64 * sizeof(BitWord);
+    const BitWord head = MaskFrom(begin % kWordPixels);
+    const BitWord tail = MaskThrough(last % kWordPixels);
+    std::uint8_t* word = row + begin / kWordPixels * sizeof(BitWord);
+    std::uint8_t* const lastWord = row + last / kWordPixels * sizeof(BitWord);
     if (word == lastWord) {
         ApplyMask(word, head & tail, value);
         return;

@@ -111,17 +111,15 @@ void ScanConverter::Add(const FixedPoint& from, const FixedPoint& to, const Clip
     const std::int64_t width = lower.x - upper.x;
     const std::int64_t height = lower.y - upper.y;
     const std::int64_t drop = first * kSubpixels - upper.y;
-    Edge edge{.column = clip.left,
-              .deficit = 0,
-              .columnStep = 0,
-              .deficitStep = 0,
-              .divisor = height * kSubpixels,
-              .firstRow = static_cast<std::int32_t>(first),
-              .endRow = static_cast<std::int32_t>(end),
-              .follow = kNone,
-              .next = kNone,
-              .winding = down ? 1 : -1,
-              .follows = false};
+    // Filled in place: the compiler's copy of a finished edge reads wider than it has just written.
+    Edge& edge = m_Edges.emplace_back();
+    edge.column = clip.left;
+    edge.divisor = height * kSubpixels;
+    edge.firstRow = static_cast<std::int32_t>(first);
+    edge.endRow = static_cast<std::int32_t>(end);
+    edge.follow = kNone;
+    edge.next = kNone;
+    edge.winding = down ? 1 : -1;
     // An edge left of the clip counts where the clip begins.
     if (FirstCentre(std::max(from.x, to.x)) > clip.left) {
         if (std::abs(upper.x) < kSmall && std::abs(width) < kSmall && height < kSmall) {
@@ -135,7 +133,6 @@ void ScanConverter::Add(const FixedPoint& from, const FixedPoint& to, const Clip
             edge.deficitStep = rest * kSubpixels;
         }
     }
-    m_Edges.push_back(edge);
     m_FirstRow = std::min(m_FirstRow, edge.firstRow);
     m_EndRow = std::max(m_EndRow, edge.endRow);
 }

@@ -1,40 +1,46 @@
 #include "platform/gdi/turn.h"
 
 #include <algorithm>
+#include <array>
+
+#include "platform/gdi/bit_run.h"
 
 namespace kv::gdi {
 
 namespace {
 
-/// Exchanges rows and columns of an 8 by 8 block of bits, one row a byte, the first in the top byte
-/// (H. S. Warren, "Hacker's Delight", 7-3).
-constexpr std::uint64_t Transpose(std::uint64_t block) {
-    std::uint64_t swap = (block ^ (block >> 7)) & 0x00AA00AA00AA00AA;
-    block ^= swap ^ (swap << 7);
-    swap = (block ^ (block >> 14)) & 0x0000CCCC0000CCCC;
-    block ^= swap ^ (swap << 14);
-    swap = (block ^ (block >> 28)) & 0x00000000F0F0F0F0;
-    return block ^ swap ^ (swap << 28);
+constexpr std::int64_t kSide = kWordPixels;
+
+/// A square of bits, a row a word.
+using Tile = std::array<BitWord, kWordPixels>;
+
+/// Exchanges rows and columns: first the two off-diagonal quarters, then those of each quarter,
+/// down to single bits (H. S. Warren, "Hacker's Delight", 7-3).
+void Transpose(Tile& tile) {
+    BitWord mask = 0x00000000FFFFFFFF;
+    for (std::size_t half = kWordPixels / 2; half != 0; half /= 2, mask ^= mask << half) {
+        for (std::size_t block = 0; block < tile.size(); block += 2 * half) {
+            for (std::size_t i = block; i < block + half; ++i) {
+                const BitWord swap = (tile[i] ^ (tile[i + half] >> half)) & mask;
+                tile[i] ^= swap;
+                tile[i + half] ^= swap << half;
+            }
+        }
+    }
 }
 
-/// Eight bytes of one column of source bytes, one from each row, rows counted upwards from `row`.
-/// Rows outside the surface are empty.
-std::uint64_t GatherUpwards(const BitSurface& source, std::int64_t row, std::size_t column) {
-    std::uint64_t block = 0;
-    for (std::int64_t i = row; i > row - 8; --i) {
-        const bool exists = i >= 0 && i < source.Height();
-        block = block << 8 | (exists ? source.Row(static_cast<std::int32_t>(i))[column] : 0U);
+/// Fills a tile with one word of each row from `row` upwards; rows outside the surface are empty,
+/// and words at the right end may bring bits of the next row along. False when no bit is set.
+bool LoadUpwards(const BitSurface& source, std::int64_t row, std::int64_t word, Tile& tile) {
+    BitWord any = 0;
+    const std::size_t offset = static_cast<std::size_t>(word) * sizeof(BitWord);
+    for (BitWord& bits : tile) {
+        const bool exists = row >= 0 && row < source.Height();
+        bits = exists ? LoadWord(source.Row(static_cast<std::int32_t>(row)) + offset) : 0;
+        any |= bits;
+        --row;
     }
-    return block;
-}
-
-/// Sets the eight rows of a block in one column of target bytes, rows outside the surface left out.
-void Scatter(std::uint64_t block, BitSurface& target, std::int64_t row, std::size_t column) {
-    const std::int64_t end = std::min<std::int64_t>(row + 8, target.Height());
-    for (std::int64_t i = std::max<std::int64_t>(row, 0); i < end; ++i) {
-        const auto bits = static_cast<std::uint8_t>(block >> (56 - 8 * (i - row)));
-        target.Row(static_cast<std::int32_t>(i))[column] |= bits;
-    }
+    return any != 0;
 }
 
 }  // namespace
@@ -49,16 +55,21 @@ void OrTurned(const BitSurface& source, std::int64_t x, std::int64_t y, BitSurfa
     const std::int64_t right = std::clamp<std::int64_t>(x, 0, target.Width());
     const std::int64_t top = std::clamp<std::int64_t>(-y, 0, source.Width());
     const std::int64_t bottom = std::clamp<std::int64_t>(target.Height() - y, 0, source.Width());
-    for (std::int64_t column = left / 8; column * 8 < right; ++column) {
-        const auto visible = static_cast<int>(std::min<std::int64_t>(right - column * 8, 8));
-        // Whole columns of the block beyond the target would set padding bits.
-        const std::uint64_t mask = (0xFF00U >> visible & 0xFFU) * 0x0101010101010101;
-        for (std::int64_t u = top / 8; u * 8 < bottom; ++u) {
-            const std::uint64_t block =
-                GatherUpwards(source, x - 1 - column * 8, static_cast<std::size_t>(u));
-            if (block != 0) {
-                Scatter(Transpose(block) & mask, target, y + u * 8,
-                        static_cast<std::size_t>(column));
+    Tile tile;
+    for (std::int64_t u = top / kSide; u * kSide < bottom; ++u) {
+        const std::int64_t first = std::max(top, u * kSide);
+        const std::int64_t end = std::min(bottom, (u + 1) * kSide);
+        for (std::int64_t word = left / kSide; word * kSide < right; ++word) {
+            if (!LoadUpwards(source, x - 1 - word * kSide, u, tile)) {
+                continue;
+            }
+            Transpose(tile);
+            const auto last =
+                static_cast<std::uint32_t>(std::min(right - 1 - word * kSide, kSide - 1));
+            for (std::int64_t i = first; i < end; ++i) {
+                std::uint8_t* const row = target.Row(static_cast<std::int32_t>(y + i));
+                ApplyMask(row + static_cast<std::size_t>(word) * sizeof(BitWord),
+                          tile[static_cast<std::size_t>(i % kSide)] & MaskThrough(last), true);
             }
         }
     }

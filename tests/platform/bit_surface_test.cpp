@@ -89,10 +89,10 @@ TEST(BitSurfaceTest, TurningEqualsAPixelLoop) {
         const auto size = [&](unsigned most) {
             return static_cast<std::int32_t>(1 + random() % most);
         };
-        const auto source = Noise(size(70), size(70), round % 2 == 0 ? 2 : 40, random);
-        const auto target = Noise(size(90), size(90), 5, random);
-        const std::int64_t x = size(180) - 30;
-        const std::int64_t y = size(180) - 90;
+        const auto source = Noise(size(170), size(170), round % 2 == 0 ? 2 : 40, random);
+        const auto target = Noise(size(190), size(190), 5, random);
+        const std::int64_t x = size(300) - 30;
+        const std::int64_t y = size(300) - 190;
         std::vector<std::uint8_t> before = Bytes(*target);
         const auto expected = BitSurface::Create(target->Width(), target->Height());
         std::copy(before.begin(), before.end(), expected->Row(0));
