@@ -43,6 +43,11 @@ bool LoadUpwards(const BitSurface& source, std::int64_t row, std::int64_t word, 
     return any != 0;
 }
 
+void Or(BitSurface& target, std::int64_t row, std::int64_t word, BitWord bits) {
+    const std::size_t offset = static_cast<std::size_t>(word) * sizeof(BitWord);
+    ApplyMask(target.Row(static_cast<std::int32_t>(row)) + offset, bits, true);
+}
+
 }  // namespace
 
 void OrTurned(const BitSurface& source, std::int64_t x, std::int64_t y, BitSurface& target) {
@@ -67,9 +72,8 @@ void OrTurned(const BitSurface& source, std::int64_t x, std::int64_t y, BitSurfa
             const auto last =
                 static_cast<std::uint32_t>(std::min(right - 1 - word * kSide, kSide - 1));
             for (std::int64_t i = first; i < end; ++i) {
-                std::uint8_t* const row = target.Row(static_cast<std::int32_t>(y + i));
-                ApplyMask(row + static_cast<std::size_t>(word) * sizeof(BitWord),
-                          tile[static_cast<std::size_t>(i % kSide)] & MaskThrough(last), true);
+                Or(target, y + i, word,
+                   tile[static_cast<std::size_t>(i % kSide)] & MaskThrough(last));
             }
         }
     }

@@ -123,7 +123,7 @@ TEST(ScanConverterTest, RandomPolygonsMatchTheWindingNumber) {
         std::int64_t range, step;
     } kinds[] = {{16 * 256, 1}, {32, 128}, {48, 128}, {4000, 7}, {1LL << 40, 1}, {1LL << 32, 256}};
     for (int round = 0; round < 1200; ++round) {
-        const auto [range, step] = kinds[round % std::size(kinds)];
+        const auto [range, step] = kinds[static_cast<std::size_t>(round) % std::size(kinds)];
         std::uniform_int_distribution<std::int64_t> coordinate(-range / 2, range);
         Contours contours;
         for (int i = round % 3; i >= 0; --i) {
