@@ -2,17 +2,12 @@
 
 #include <CBox.h>
 
+#include "base/wrap.h"
+
+using kv::WrapAdd;
+using kv::WrapSub;
+
 namespace {
-
-// Corner arithmetic wraps at 32 bits: the render call starts its accumulator from a box whose right
-// and bottom are meant to come out as -1.
-LONG WrapAdd(LONG a, LONG b) {
-    return static_cast<LONG>(static_cast<DWORD>(a) + static_cast<DWORD>(b));
-}
-
-LONG WrapSub(LONG a, LONG b) {
-    return static_cast<LONG>(static_cast<DWORD>(a) - static_cast<DWORD>(b));
-}
 
 // Clips one axis to 0 .. limit; true if anything changed.
 bool ClipAxis(LONG& start, LONG& length, LONG limit) {

@@ -1,0 +1,102 @@
+#include "effect/layers.h"
+
+#include <limits>
+
+#include "base/wrap.h"
+#include "effect/grown.h"
+#include "effect/shadow.h"
+
+namespace kv {
+namespace {
+
+// The one place that knows the paints. Another mode paints nothing.
+int PaintLayer(CKVBwDraw& draw, const tagMAPINFO& paint, Layer& layer) {
+    switch (paint.Mode) {
+        case 0:
+            return draw.MakeFb_Color(&layer.coverage, &layer.picture, paint.Col);
+        default:
+            return -1;
+    }
+}
+
+// No use in growing a coverage whose picture could not be made.
+bool FitsSurface(GrownSize size) {
+    constexpr std::int64_t kMostPixels = std::numeric_limits<DWORD>::max() / 4;
+    return size.width <= kMostPixels && size.height <= kMostPixels / size.width;
+}
+
+void MakeEdge(CKVBwDraw& draw, tagKVBWDRAWINFO& info, Layers& layers) {
+    const LONG radius = info.EdgeType_Size;
+    const CKVGrayBitmap& body = layers.body.coverage;
+    const GrownSize size = Grown(body, std::int64_t{2} * radius);
+    if (radius < 1 || body.Bits == nullptr || !FitsSurface(size)) {
+        return;
+    }
+    const tagMAPINFO paint{info.EdgeMode, &info.EdgeCol, &info.EdgeGrad, &info.EdgeText};
+    layers.edge.made = draw.MakeEdge(info.EdgeType_Type, radius, info.EdgeType_SoftPen, &body,
+                                     &layers.edge.coverage) == 0 &&
+                       PaintLayer(draw, paint, layers.edge) == 0;
+}
+
+void MakeShadow(CKVBwDraw& draw, tagKVBWDRAWINFO& info, Layers& layers) {
+    const CKVGrayBitmap& source = layers.edge.made ? layers.edge.coverage : layers.body.coverage;
+    const std::int64_t growth =
+        ShadowGrowth(info.ShadType_Type, info.ShadType_Size, info.ShadType_SoftSize);
+    if (info.ShadType_Size == 0 || source.Bits == nullptr || growth < 0 ||
+        !FitsSurface(Grown(source, growth))) {
+        return;
+    }
+    const tagMAPINFO paint{info.ShadMode, &info.ShadCol, &info.ShadGrad, &info.ShadText};
+    layers.shadow.made =
+        draw.MakeShadow(info.ShadType_Type, info.ShadType_Size, info.ShadType_SoftSize,
+                        info.ShadType_SoftPen, &source, &layers.shadow.coverage) == 0 &&
+        PaintLayer(draw, paint, layers.shadow) == 0;
+}
+
+}  // namespace
+
+CPoint EdgeOffset(const tagKVBWDRAWINFO& info) {
+    const LONG offset = WrapSub(0, info.EdgeType_Size);
+    return {offset, offset};
+}
+
+// An extrusion to the lower right starts at the shape. One to the upper left is moved by its whole
+// length, so that it ends there.
+CPoint ShadowOffset(const tagKVBWDRAWINFO& info) {
+    const LONG size = info.ShadType_Size;
+    const LONG distance = info.ShadType_Type == kExtrudedShadow && size >= 0 ? 0 : size;
+    const LONG offset = WrapSub(distance, info.EdgeType_Size);
+    return {offset, offset};
+}
+
+int MakeLayers(CKVBwDraw& draw, tagKVBWDRAWINFO& info, const CKVMonoBitmap& mask, Layers& layers) {
+    if (draw.MakeAntiGray(info.AntiScale, &mask, &layers.body.coverage) != 0) {
+        return -1;
+    }
+    const tagMAPINFO paint{info.BodyMode, &info.BodyCol, &info.BodyGrad, &info.BodyText};
+    const int painted = PaintLayer(draw, paint, layers.body);
+    if (painted != 0) {
+        return painted;
+    }
+    layers.body.made = true;
+    MakeEdgeAndShadow(draw, info, layers);
+    return 0;
+}
+
+void MakeEdgeAndShadow(CKVBwDraw& draw, tagKVBWDRAWINFO& info, Layers& layers) {
+    MakeEdge(draw, info, layers);
+    MakeShadow(draw, info, layers);
+}
+
+void PlaceLayer(const tagKVBWDRAWINFO& info, const Layer& layer, CKVFrameBuffer& target,
+                CPoint corner, CBox* box) {
+    const CSize size = layer.picture.GetWH();
+    if (info.ShadType_SoftPen != 0) {
+        target.FbCopyMask(&layer.picture, &layer.coverage, 0, 0, size.cx, size.cy, corner.x,
+                          corner.y, box);
+    } else {
+        target.FbCopy(&layer.picture, 0, 0, size.cx, size.cy, corner.x, corner.y, 1, box);
+    }
+}
+
+}  // namespace kv

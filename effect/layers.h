@@ -1,0 +1,41 @@
+#pragma once
+
+#include <CBox.h>
+#include <CKVBwDraw.h>
+#include <CKVFrameBuffer.h>
+#include <CKVGrayBitmap.h>
+
+namespace kv {
+
+/// One part of a picture: where it is and what it looks like, of one size.
+struct Layer {
+    CKVGrayBitmap coverage;
+    CKVFrameBuffer picture;
+    bool made = false;
+};
+
+/// What a render stacks, for the length of one call.
+struct Layers {
+    Layer shadow;
+    Layer edge;
+    Layer body;
+};
+
+/// Corner of a layer against the body's, by the record as stored, made or not.
+CPoint EdgeOffset(const tagKVBWDRAWINFO& info);
+CPoint ShadowOffset(const tagKVBWDRAWINFO& info);
+
+/// Reduces the mask and paints the body, then edge and shadow as far as they can be made. 0, or -1
+/// when there is no body.
+int MakeLayers(CKVBwDraw& draw, tagKVBWDRAWINFO& info, const CKVMonoBitmap& mask, Layers& layers);
+
+/// The edge and the shadow around a body coverage that stands already.
+void MakeEdgeAndShadow(CKVBwDraw& draw, tagKVBWDRAWINFO& info, Layers& layers);
+
+/// Composites a whole layer into the target, its corner at the given point: through its coverage or
+/// by its key, as the record's ShadType_SoftPen tells. A null box is allowed; a box stays as it is
+/// when nothing of the layer lies in the target.
+void PlaceLayer(const tagKVBWDRAWINFO& info, const Layer& layer, CKVFrameBuffer& target,
+                CPoint corner, CBox* box);
+
+}  // namespace kv

@@ -1,0 +1,126 @@
+#include <algorithm>
+#include <cstring>
+
+#include "effect/scratch.h"
+#include "effect/soft_rows.h"
+#include "effect/vector.h"
+
+namespace kv {
+namespace {
+
+constexpr std::size_t kBlock = 32;  // target columns at once, two vectors
+constexpr int kStride = 4;          // columns looked at between two tests for an early stop
+
+// A block reads this far past the radius on both sides of its columns.
+constexpr std::size_t Pad(int radius) {
+    return static_cast<std::size_t>(2 * radius + kStride);
+}
+
+KV_FORCE_INLINE void KeepNearer(Shorts16& nearest, const std::int16_t* squares,
+                                std::int16_t along) {
+    Shorts16 square;
+    Load(square, squares);
+    square += along;
+    KeepMin(nearest, square);
+}
+
+// The least square over the columns, for the two vectors at centre. Columns further out than the
+// worst of them cannot help any more.
+KV_FORCE_INLINE void Nearest(const std::int16_t* centre, int radius, Shorts16& left,
+                             Shorts16& right) {
+    Load(left, centre);
+    Load(right, centre + kBlock / 2);
+    for (int column = 1; column < radius;) {
+        const auto least = static_cast<std::int16_t>(column * column);
+        const Shorts16 open = (left > least) | (right > least);
+        if (!AnyBit(open)) {
+            return;
+        }
+        for (int step = 0; step < kStride; ++step, ++column) {
+            const auto along = static_cast<std::int16_t>(column * column);
+            KeepNearer(left, centre - column, along);
+            KeepNearer(left, centre + column, along);
+            KeepNearer(right, centre + kBlock / 2 - column, along);
+            KeepNearer(right, centre + kBlock / 2 + column, along);
+        }
+    }
+}
+
+KV_FORCE_INLINE void StoreValues(const Shorts16& left, const Shorts16& right, const BYTE* values,
+                                 BYTE* target, std::size_t count) {
+    const Shorts16 any = left | right;
+    if (!AnyBit(any)) {
+        std::memset(target, 255, count);
+        return;
+    }
+    std::int16_t squares[kBlock];
+    Store(squares, left);
+    Store(squares + kBlock / 2, right);
+    for (std::size_t i = 0; i < count; ++i) {
+        target[i] = std::max(target[i], values[squares[i]]);
+    }
+}
+
+struct Row {
+    const std::int16_t* squares;  // for target column 0
+    const BYTE* values;
+    int radius;
+    std::size_t begin;  // target columns that can be reached
+    std::size_t end;
+};
+
+KV_FORCE_INLINE void AddBody(const Row& row, BYTE* target) {
+    for (std::size_t x = row.begin; x < row.end; x += kBlock) {
+        Shorts16 left, right;
+        Nearest(row.squares + x, row.radius, left, right);
+        StoreValues(left, right, row.values, target + x, std::min(kBlock, row.end - x));
+    }
+}
+
+void AddPlain(const Row& row, BYTE* target) {
+    AddBody(row, target);
+}
+
+KV_TARGET_AVX2 void AddAvx2(const Row& row, BYTE* target) {
+    AddBody(row, target);
+}
+
+}  // namespace
+
+bool NearSoftRows::Prepare(int radius, std::size_t width) {
+    radius_ = radius;
+    width_ = width;
+    const int outside = radius * radius;
+    const std::size_t padded = width + 2 * Pad(radius) + kBlock;
+    values_ = Scratch<BYTE>(static_cast<std::size_t>(outside) + 1);
+    squares_ = Scratch<std::int16_t>(padded);
+    if (values_ == nullptr || squares_ == nullptr) {
+        return false;
+    }
+    for (int square = 0; square < outside; ++square) {
+        values_[static_cast<std::size_t>(square)] = SoftValue(square, radius);
+    }
+    std::fill_n(squares_.get(), padded, static_cast<std::int16_t>(outside));
+    return true;
+}
+
+void NearSoftRows::Add(const Distance* vertical, BYTE* target) {
+    std::size_t first = 0;
+    std::size_t last = width_;
+    for (; last > 0 && vertical[last - 1] == radius_; --last) {
+    }
+    for (; first < last && vertical[first] == radius_; ++first) {
+    }
+    if (first == last) {
+        return;
+    }
+    std::int16_t* const squares = squares_.get() + Pad(radius_);
+    for (std::size_t x = 0; x < width_; ++x) {
+        squares[x] = static_cast<std::int16_t>(vertical[x] * vertical[x]);
+    }
+    const auto reach = static_cast<std::size_t>(radius_);
+    const Row row{squares - reach, values_.get(), radius_, first, last + 2 * reach};
+    ForLevel(AddPlain, AddAvx2)(row, target);
+}
+
+}  // namespace kv

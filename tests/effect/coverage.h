@@ -1,0 +1,50 @@
+#pragma once
+
+#include <random>
+#include <string>
+#include <vector>
+
+#include <CKVGrayBitmap.h>
+#include <CKVMonoBitmap.h>
+
+#include "base/cpu.h"
+
+// Helpers for the effect tests: bitmaps from pictures and random bytes, and a run at each level.
+
+namespace effect_test {
+
+inline std::vector<BYTE> BytesOf(const KVBitmap& bitmap) {
+    return bitmap.Bits != nullptr ? std::vector<BYTE>(bitmap.Bits, bitmap.Bits + bitmap.Size)
+                                  : std::vector<BYTE>();
+}
+
+inline BYTE& At(const CKVGrayBitmap& gray, LONG x, LONG y) {
+    return gray.Bits[static_cast<std::size_t>(y) * gray.Pitch + static_cast<std::size_t>(x)];
+}
+
+/// A coverage of `zeros` parts in 8 empty pixels, flat runs of one value and random ones, with pad
+/// bytes that nobody may read as pixels.
+inline void FillRandom(CKVGrayBitmap& gray, LONG width, LONG height, unsigned zeros,
+                       std::mt19937& random) {
+    gray.Delete();
+    gray.Create(width, height);
+    for (DWORD i = 0; i < gray.Size; ++i) {
+        const bool repeat = i > 0 && random() % 3 != 0;
+        const auto fresh = static_cast<BYTE>(random() % 8 < zeros ? 0 : random() % 256);
+        gray.Bits[i] = repeat ? gray.Bits[i - 1] : fresh;
+    }
+    for (LONG y = 0; y < height && width % 2 != 0; ++y) {
+        At(gray, width, y) = 255;
+    }
+}
+
+/// Calls the function at the baseline and at the best level of this machine.
+template <class Function>
+void AtEachLevel(const Function& function) {
+    for (const kv::CpuLevel level : {kv::CpuLevel::kBaseline, kv::CpuLevel::kAvx2}) {
+        kv::ForceCpuLevel(level);
+        function();
+    }
+}
+
+}  // namespace effect_test
