@@ -6,10 +6,8 @@ target_compile_features(kvdraw_settings INTERFACE cxx_std_20)
 target_compile_options(kvdraw_settings INTERFACE
   -Wall -Wextra -Wconversion -Wshadow -Werror -ffp-contract=off
   -fvisibility=hidden -fvisibility-inlines-hidden)
-if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-  # Vector types wider than the baseline are passed only between inlined functions.
-  target_compile_options(kvdraw_settings INTERFACE -Wno-psabi)
-endif()
+# Vector types wider than the baseline are passed only between inlined functions.
+target_compile_options(kvdraw_settings INTERFACE -Wno-psabi)
 
 if(KVDRAW_SANITIZE)
   add_compile_options(-fsanitize=${KVDRAW_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)

@@ -2,7 +2,6 @@
 
 #include <condition_variable>
 #include <mutex>
-#include <thread>
 
 #include <platform/export.h>
 #include <platform/types.h>
@@ -38,17 +37,19 @@ class KVDRAW_API KVBufferLock {
     void WriteUnlock();
 
   private:
-    bool ReaderMayPass(std::thread::id self) const;
-    bool WriterMayPass(std::thread::id self) const;
-    LONG OwnShared(std::thread::id self) const;
+    friend struct KVBufferLockProbe;  ///< lets a test see who waits
+
+    bool ReaderMayPass(std::uint64_t self) const;
+    bool WriterMayPass(std::uint64_t self) const;
+    LONG OwnShared(std::uint64_t self) const;
 
     std::mutex m_Mutex;  ///< guards all that follows, the count included
     std::condition_variable m_Changed;
     LONG& m_ReadCount;
-    std::thread::id m_Owner;   ///< of the exclusive hold; no thread when free
-    LONG m_OwnerDepth = 0;     ///< how many times the owner has taken it
-    std::thread::id m_Opener;  ///< thread that opened the present group of readers
-    LONG m_OpenerHolds = 0;    ///< the opener's share of the count
+    std::uint64_t m_Owner = 0;   ///< of the exclusive hold; 0 when free
+    LONG m_OwnerDepth = 0;       ///< how many times the owner has taken it
+    std::uint64_t m_Opener = 0;  ///< thread that opened the present group of readers
+    LONG m_OpenerHolds = 0;      ///< the opener's share of the count
     LONG m_WaitingReaders = 0;
     LONG m_WaitingWriters = 0;
     bool m_ReadersTurn = false;  ///< a writer has ended while readers waited

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <atomic>
 
 #include <KVBufferLock.h>
 
@@ -6,13 +7,25 @@
 // holds. Every change that can make a rule true wakes all waiters: groups are small, and a waiter
 // that still may not pass goes back to sleep.
 
-LONG KVBufferLock::OwnShared(std::thread::id self) const {
+namespace {
+
+// A number of its own for every thread. The system's thread ids are given out again once a thread
+// has ended, and a shared hold may outlive the thread that took it.
+std::uint64_t ThisThread() {
+    static std::atomic<std::uint64_t> last{0};
+    thread_local const std::uint64_t self = ++last;
+    return self;
+}
+
+}  // namespace
+
+LONG KVBufferLock::OwnShared(std::uint64_t self) const {
     return m_Opener == self ? m_OpenerHolds : 0;
 }
 
 // An open group takes anybody. A new group gives way to a waiting writer, except in the turn that
 // the end of an exclusive hold gives to the readers.
-bool KVBufferLock::ReaderMayPass(std::thread::id self) const {
+bool KVBufferLock::ReaderMayPass(std::uint64_t self) const {
     if (m_OwnerDepth > 0) {
         return m_Owner == self;
     }
@@ -20,14 +33,14 @@ bool KVBufferLock::ReaderMayPass(std::thread::id self) const {
 }
 
 // The opener of the group stands above all turns: those who wait, wait for its shared hold to end.
-bool KVBufferLock::WriterMayPass(std::thread::id self) const {
+bool KVBufferLock::WriterMayPass(std::uint64_t self) const {
     const LONG own = OwnShared(self);
     const bool yields = own == 0 && m_ReadersTurn && m_WaitingReaders > 0;
     return m_OwnerDepth == 0 && m_ReadCount == own && !yields;
 }
 
 void KVBufferLock::ReadLock() {
-    const std::thread::id self = std::this_thread::get_id();
+    const std::uint64_t self = ThisThread();
     std::unique_lock lock(m_Mutex);
     ++m_WaitingReaders;
     m_Changed.wait(lock, [&] { return ReaderMayPass(self); });
@@ -50,7 +63,7 @@ void KVBufferLock::ReadUnlock() {
         return;
     }
     --m_ReadCount;
-    if (OwnShared(std::this_thread::get_id()) > 0) {
+    if (OwnShared(ThisThread()) > 0) {
         --m_OpenerHolds;
     }
     // A hold may be given up by a thread that did not take it.
@@ -61,7 +74,7 @@ void KVBufferLock::ReadUnlock() {
 }
 
 void KVBufferLock::WriteLock() {
-    const std::thread::id self = std::this_thread::get_id();
+    const std::uint64_t self = ThisThread();
     std::unique_lock lock(m_Mutex);
     if (m_OwnerDepth == 0 || m_Owner != self) {
         ++m_WaitingWriters;
@@ -74,7 +87,7 @@ void KVBufferLock::WriteLock() {
 
 void KVBufferLock::WriteUnlock() {
     const std::lock_guard lock(m_Mutex);
-    if (m_OwnerDepth == 0 || m_Owner != std::this_thread::get_id()) {
+    if (m_OwnerDepth == 0 || m_Owner != ThisThread()) {
         return;
     }
     if (--m_OwnerDepth == 0) {

@@ -1,0 +1,173 @@
+#include <limits>
+#include <vector>
+
+#include <CKVFrameBuffer.h>
+#include <gtest/gtest.h>
+
+#include "base/cpu.h"
+
+namespace {
+
+constexpr LONG kMin = std::numeric_limits<LONG>::min();
+constexpr LONG kMax = std::numeric_limits<LONG>::max();
+
+// Pixel (x, y) of a numbered surface is solid with y * 16 + x as its colour.
+CKVFrameBuffer Numbered(LONG width, LONG height) {
+    CKVFrameBuffer surface(width, height, 1);
+    for (LONG i = 0; i < width * height; ++i) {
+        surface.GetBufferDWord()[i] = 0xFF000000U + static_cast<DWORD>(i / width * 16 + i % width);
+    }
+    return surface;
+}
+
+struct ClipCase {
+    LONG sx, sy, w, h, dx, dy;
+    bool copies;
+    CBox box;     // destination that is touched
+    CPoint from;  // source pixel that lands at its corner
+};
+
+class Clipping : public testing::TestWithParam<ClipCase> {};
+
+TEST_P(Clipping, TouchesExactlyTheBox) {
+    const ClipCase& c = GetParam();
+    CKVFrameBuffer source = Numbered(10, 8);
+    CKVGrayBitmap full;
+    full.Create(10, 8);
+    std::fill(full.Bits, full.Bits + full.Size, BYTE{255});
+    for (const bool masked : {false, true}) {
+        CKVFrameBuffer target(12, 9, 1);
+        CBox box(-7, -7, -7, -7);
+        const int result =
+            masked ? target.FbCopyMask(&source, &full, c.sx, c.sy, c.w, c.h, c.dx, c.dy, &box)
+                   : target.FbCopy(&source, c.sx, c.sy, c.w, c.h, c.dx, c.dy, 0, &box);
+        ASSERT_EQ(result, c.copies ? 0 : -1);
+        const CBox wanted = c.copies ? c.box : CBox(-7, -7, -7, -7);
+        EXPECT_EQ(box.GetRect(), wanted.GetRect());
+        for (LONG y = 0; y < 9; ++y) {
+            for (LONG x = 0; x < 12; ++x) {
+                const CPoint in(x - wanted.x, y - wanted.y);
+                const bool inside = in.x >= 0 && in.y >= 0 && in.x < wanted.width &&
+                                    in.y < wanted.height && c.copies;
+                const LONG number = (c.from.y + in.y) * 16 + c.from.x + in.x;
+                EXPECT_EQ(target.GetBufferDWord()[y * 12 + x],
+                          inside ? 0xFF000000U + static_cast<DWORD>(number) : 0U)
+                    << x << ", " << y;
+            }
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rectangles, Clipping,
+    testing::Values(ClipCase{0, 0, 10, 8, 0, 0, true, {0, 0, 10, 8}, {0, 0}},
+                    ClipCase{0, 0, 10, 8, -3, -2, true, {0, 0, 7, 6}, {3, 2}},
+                    ClipCase{-3, -2, 10, 8, 4, 5, true, {4, 5, 7, 4}, {0, 0}},
+                    ClipCase{-3, 0, 6, 8, -2, 0, true, {0, 0, 1, 8}, {2, 0}},
+                    ClipCase{8, 6, 99, 99, 3, 3, true, {3, 3, 2, 2}, {8, 6}},
+                    ClipCase{0, 0, 10, 8, 11, 8, true, {11, 8, 1, 1}, {0, 0}},
+                    ClipCase{1, 1, kMax, kMax, 0, 0, true, {0, 0, 9, 7}, {1, 1}},
+                    ClipCase{-1, -1, kMax, kMax, -1, -1, true, {0, 0, 9, 7}, {1, 1}},
+                    ClipCase{0, 0, 10, 8, 12, 0, false, {}, {}},
+                    ClipCase{0, 0, 10, 8, -10, 0, false, {}, {}},
+                    ClipCase{0, 0, 0, 8, 0, 0, false, {}, {}},
+                    ClipCase{kMin, 0, kMax, 8, 0, 0, false, {}, {}},
+                    ClipCase{0, kMin, 10, kMin, 0, 0, false, {}, {}},
+                    ClipCase{0, 0, 10, 8, kMin, kMin, false, {}, {}},
+                    ClipCase{kMin, kMin, kMin, kMin, kMin, kMin, false, {}, {}},
+                    ClipCase{kMax, kMax, kMax, kMax, kMax, kMax, false, {}, {}}));
+
+struct PixelCase {
+    DWORD src, dst;
+    int coverage;  // -1: no mask, blend by key
+    DWORD result;
+};
+
+// Rows long enough for every road of the fast loops and the odd pixels behind them.
+TEST(Composite, PixelRules) {
+    for (const PixelCase& c : {PixelCase{0x00112233, 0x00000000, -1, 0x00112233},
+                               {0x00000000, 0x00445566, -1, 0x00445566},
+                               {0x00112233, 0x01000000, -1, 0x01000000},
+                               {0xFF112233, 0x80445566, -1, 0xFF112233},
+                               {0x80FF0000, 0xFF0000FF, -1, 0xFF80007F},
+                               {0x00112233, 0xFF445566, 255, 0x00112233},
+                               {0x00112233, 0x00445566, 1, 0x00112233},
+                               {0x00112233, 0x00445566, 0, 0x00445566},
+                               {0x00112233, 0xC8445566, 0, 0xC8445566},
+                               {0xC8FFFFFF, 0xC8000000, 0, 0xFF373737},
+                               {0x80FFFFFF, 0xFF000000, 128, 0xFF808080}}) {
+        CKVFrameBuffer source(67, 1, 1);
+        CKVFrameBuffer target(67, 1, 1);
+        CKVGrayBitmap mask;
+        mask.Create(67, 1);
+        std::fill_n(source.GetBufferDWord(), 67, c.src);
+        std::fill_n(target.GetBufferDWord(), 67, c.dst);
+        std::fill_n(mask.Bits, 67, static_cast<BYTE>(c.coverage));
+        EXPECT_EQ(c.coverage < 0 ? target.FbCopy(&source, 0, 0, 67, 1, 0, 0, 7, nullptr)
+                                 : target.FbCopyMask(&source, &mask, 0, 0, 67, 1, 0, 0, nullptr),
+                  0);
+        const std::vector<DWORD> row(target.GetBufferDWord(), target.GetBufferDWord() + 67);
+        EXPECT_EQ(row, std::vector<DWORD>(67, c.result)) << std::hex << c.src << " " << c.dst;
+    }
+}
+
+TEST(Composite, MaskIsReadAtSourcePositionsAndEndsAtItsEdges) {
+    CKVFrameBuffer source = Numbered(6, 4);
+    CKVFrameBuffer target(6, 4, 1);
+    std::fill_n(target.GetBufferDWord(), 24, 0xFFFFFFFF);
+    CKVGrayBitmap mask;
+    mask.Create(3, 3);  // rows of four bytes: the fourth is no part of the mask
+    std::fill(mask.Bits, mask.Bits + mask.Size, BYTE{255});
+    ASSERT_EQ(target.FbCopyMask(&source, &mask, 1, 1, 5, 3, 0, 0, nullptr), 0);
+    for (LONG y = 0; y < 4; ++y) {
+        for (LONG x = 0; x < 6; ++x) {
+            const DWORD number = 0xFF000000U + static_cast<DWORD>((y + 1) * 16 + x + 1);
+            EXPECT_EQ(target.GetBufferDWord()[y * 6 + x], x < 2 && y < 2 ? number : 0xFFFFFFFF);
+        }
+    }
+}
+
+TEST(Composite, FailsWithoutSurfacesOrMask) {
+    CKVFrameBuffer surface(4, 4, 1);
+    CKVFrameBuffer empty;
+    const CKVGrayBitmap mask;
+    EXPECT_EQ(surface.FbCopy(nullptr, 0, 0, 4, 4, 0, 0, 0, nullptr), -1);
+    EXPECT_EQ(surface.FbCopy(&empty, 0, 0, 4, 4, 0, 0, 0, nullptr), -1);
+    EXPECT_EQ(empty.FbCopy(&surface, 0, 0, 4, 4, 0, 0, 0, nullptr), -1);
+    EXPECT_EQ(surface.FbCopyMask(nullptr, &mask, 0, 0, 4, 4, 0, 0, nullptr), -1);
+    EXPECT_EQ(surface.FbCopyMask(&surface, nullptr, 0, 0, 4, 4, 0, 0, nullptr), -1);
+    EXPECT_EQ(empty.FbCopyMask(&surface, &mask, 0, 0, 4, 4, 0, 0, nullptr), -1);
+    EXPECT_EQ(surface.FbCopyMask(&surface, &mask, 0, 0, 4, 4, 0, 0, nullptr), 0);
+    EXPECT_EQ(surface.m_ReadCount, 0);
+}
+
+// A copy onto itself reads again what it has written, in reading order, whatever the distance.
+TEST(Composite, SelfCopyGoesPixelByPixel) {
+    constexpr LONG kSide = 40;
+    for (const int dx : {-17, -8, -1, 0, 1, 3, 8, 30}) {
+        for (const int dy : {-1, 0, 1}) {
+            CKVFrameBuffer surface(kSide, 3, 1);
+            for (DWORD i = 0; i < kSide * 3; ++i) {
+                surface.GetBufferDWord()[i] = i * 0x9E3779B1U;
+            }
+            CKVFrameBuffer expected = surface;
+            CBox box;
+            const LONG sx = dx < 0 ? -dx : 0;
+            const LONG sy = dy < 0 ? -dy : 0;
+            ASSERT_EQ(surface.FbCopy(&surface, sx, sy, kSide, 3, sx + dx, sy + dy, 1, &box), 0);
+            CKVFrameBuffer one(1, 1, 1);
+            for (LONG y = box.y; y < box.y + box.height; ++y) {
+                for (LONG x = box.x; x < box.x + box.width; ++x) {
+                    one.FbCopy(&expected, x - dx, y - dy, 1, 1, 0, 0, 0, nullptr);
+                    expected.FbCopy(&one, 0, 0, 1, 1, x, y, 1, nullptr);
+                }
+            }
+            EXPECT_EQ(
+                std::vector<DWORD>(surface.m_BufferDWord, surface.m_BufferDWord + kSide * 3),
+                std::vector<DWORD>(expected.m_BufferDWord, expected.m_BufferDWord + kSide * 3))
+                << dx << ", " << dy;
+        }
+    }
+}
+
+}  // namespace
