@@ -49,16 +49,18 @@ bool TextPainter::Draw(const TextLine& line, const TextTarget& target) {
     const int angle = Angle(m_Font);
     const Affine turn = Turn(angle, target);
     FillPaper(line, target, turn);
-    if (angle == 0) {
-        DrawUpright(line, target);
-        return true;
+    bool done = true;
+    for (const PlacedGlyph& placed : line.glyphs) {
+        const GlyphOutline& outline = OutlineOf(line, placed);
+        if (angle == 0) {
+            DrawUpright(placed, outline, target);
+        } else if (angle == kDownwards && target.ink) {
+            done = DrawDownwards(placed, outline, target) && done;
+        } else {
+            DrawTurned(placed, outline, target, turn);
+        }
     }
-    // Pixel for pixel the turned upright line. Turning can only set pixels.
-    if (angle == kDownwards && target.ink) {
-        return DrawDownwards(line, target);
-    }
-    DrawTurned(line, target, turn);
-    return true;
+    return done;
 }
 
 void TextPainter::FillPaper(const TextLine& line, const TextTarget& target, const Affine& turn) {
@@ -103,43 +105,41 @@ Affine TextPainter::GlyphToCell(const PlacedGlyph& placed, const GlyphOutline& o
                         middle + outline.advance / 2.0 * scale});
 }
 
-/// Holds all ink of the line as drawn upright.
-TextPainter::Box TextPainter::InkBox(const TextLine& line) const {
+/// Holds all ink of a glyph of the line as drawn upright.
+TextPainter::Box TextPainter::InkBox(const PlacedGlyph& placed, const GlyphOutline& outline) const {
     constexpr std::int64_t kNone = std::numeric_limits<std::int64_t>::max();
     Box box{kNone, kNone, -kNone, -kNone};
-    for (const PlacedGlyph& placed : line.glyphs) {
-        const GlyphOutline& outline = OutlineOf(line, placed);
-        const Affine map = GlyphToCell(placed, outline);
-        for (const PathPoint& point : outline.points) {
-            const PathPoint at = map(point);
-            const auto u = static_cast<std::int64_t>(std::floor(at.x)) + placed.start;
-            const auto v = static_cast<std::int64_t>(std::floor(at.y));
-            box = {std::min(box.left, u), std::min(box.top, v), std::max(box.right, u + 1),
-                   std::max(box.bottom, v + 1)};
-        }
+    const Affine map = GlyphToCell(placed, outline);
+    for (const PathPoint& point : outline.points) {
+        const PathPoint at = map(point);
+        const auto u = static_cast<std::int64_t>(std::floor(at.x)) + placed.start;
+        const auto v = static_cast<std::int64_t>(std::floor(at.y));
+        box = {std::min(box.left, u), std::min(box.top, v), std::max(box.right, u + 1),
+               std::max(box.bottom, v + 1)};
     }
     return box;
 }
 
-void TextPainter::DrawUpright(const TextLine& line, const TextTarget& target) {
-    for (const PlacedGlyph& placed : line.glyphs) {
-        const std::int64_t x = target.x + placed.start;
-        if (!Fits32(x) || !Fits32(target.y)) {
-            continue;
-        }
-        const GlyphOutline& outline = OutlineOf(line, placed);
-        m_Contours.Clear();
-        PathBuilder path(m_Contours);
-        outline.Trace(path, GlyphToCell(placed, outline));
-        BitSink sink(target.surface, static_cast<std::int32_t>(x),
-                     static_cast<std::int32_t>(target.y), target.ink);
-        m_Converter.Convert(m_Contours, FillRule::kWinding, sink.Bounds(), sink);
+void TextPainter::DrawUpright(const PlacedGlyph& placed, const GlyphOutline& outline,
+                              const TextTarget& target) {
+    const std::int64_t x = target.x + placed.start;
+    if (!Fits32(x) || !Fits32(target.y)) {
+        return;
     }
+    m_Contours.Clear();
+    PathBuilder path(m_Contours);
+    outline.Trace(path, GlyphToCell(placed, outline));
+    BitSink sink(target.surface, static_cast<std::int32_t>(x), static_cast<std::int32_t>(target.y),
+                 target.ink);
+    m_Converter.Convert(m_Contours, FillRule::kWinding, sink.Bounds(), sink);
 }
 
-/// Draws the visible part upright on a surface of its own and turns that one.
-bool TextPainter::DrawDownwards(const TextLine& line, const TextTarget& target) {
-    const Box ink = InkBox(line);
+/// Draws the visible part upright on a surface of its own and turns that one: the same pixels as
+/// upright, which turned contours would not give where a centre lies on an outline. Turning can
+/// only set pixels.
+bool TextPainter::DrawDownwards(const PlacedGlyph& placed, const GlyphOutline& outline,
+                                const TextTarget& target) {
+    const Box ink = InkBox(placed, outline);
     // Pixel (u, v) goes to (x - 1 - v, y + u).
     const std::int64_t left = std::max(ink.left, -target.y);
     const std::int64_t right = std::min(ink.right, target.surface.Height() - target.y);
@@ -153,21 +153,19 @@ bool TextPainter::DrawDownwards(const TextLine& line, const TextTarget& target) 
     if (!upright) {
         return false;
     }
-    DrawUpright(line, {*upright, -left, -top, true, false});
+    DrawUpright(placed, outline, {*upright, -left, -top, true, false});
     OrTurned(*upright, target.x - top, target.y + left, target.surface);
     return true;
 }
 
-void TextPainter::DrawTurned(const TextLine& line, const TextTarget& target, const Affine& turn) {
-    for (const PlacedGlyph& placed : line.glyphs) {
-        const GlyphOutline& outline = OutlineOf(line, placed);
-        const Affine along{1.0, 0.0, static_cast<double>(placed.start), 0.0, 1.0, 0.0};
-        m_Contours.Clear();
-        PathBuilder path(m_Contours);
-        outline.Trace(path, turn.After(along).After(GlyphToCell(placed, outline)));
-        BitSink sink(target.surface, 0, 0, target.ink);
-        m_Converter.Convert(m_Contours, FillRule::kWinding, sink.Bounds(), sink);
-    }
+void TextPainter::DrawTurned(const PlacedGlyph& placed, const GlyphOutline& outline,
+                             const TextTarget& target, const Affine& turn) {
+    const Affine along{1.0, 0.0, static_cast<double>(placed.start), 0.0, 1.0, 0.0};
+    m_Contours.Clear();
+    PathBuilder path(m_Contours);
+    outline.Trace(path, turn.After(along).After(GlyphToCell(placed, outline)));
+    BitSink sink(target.surface, 0, 0, target.ink);
+    m_Converter.Convert(m_Contours, FillRule::kWinding, sink.Bounds(), sink);
 }
 
 }  // namespace kv::gdi

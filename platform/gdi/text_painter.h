@@ -35,12 +35,15 @@ class TextPainter {
 
     const GlyphOutline& OutlineOf(const TextLine& line, const PlacedGlyph& placed) const;
     Affine GlyphToCell(const PlacedGlyph& placed, const GlyphOutline& outline) const;
-    Box InkBox(const TextLine& line) const;
+    Box InkBox(const PlacedGlyph& placed, const GlyphOutline& outline) const;
 
     void FillPaper(const TextLine& line, const TextTarget& target, const Affine& turn);
-    void DrawUpright(const TextLine& line, const TextTarget& target);
-    bool DrawDownwards(const TextLine& line, const TextTarget& target);
-    void DrawTurned(const TextLine& line, const TextTarget& target, const Affine& turn);
+    void DrawUpright(const PlacedGlyph& placed, const GlyphOutline& outline,
+                     const TextTarget& target);
+    bool DrawDownwards(const PlacedGlyph& placed, const GlyphOutline& outline,
+                       const TextTarget& target);
+    void DrawTurned(const PlacedGlyph& placed, const GlyphOutline& outline,
+                    const TextTarget& target, const Affine& turn);
 
     const FontInstance& m_Font;
     ScanConverter m_Converter;

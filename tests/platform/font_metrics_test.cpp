@@ -1,0 +1,135 @@
+#include <limits>
+
+#include <gtest/gtest.h>
+
+#include "platform/gdi/font_instance.h"
+#include "tests/platform/text_fixture.h"
+
+namespace kv::gdi {
+namespace {
+
+using namespace test;
+
+// Faces with units of 2,048 to the em: cell ascent and descent, average width.
+struct Design {
+    const char* face;
+    int ascent, descent, average;
+};
+constexpr Design kDesigns[] = {{"IPAGothic", 1802, 401, 1024}, {"@IPAGothic", 1802, 401, 1024},
+                               {"IPAMincho", 1802, 455, 1024}, {"IPAPGothic", 1802, 401, 956},
+                               {"Arial", 1854, 434, 1208},     {"DejaVu Sans", 1901, 483, 1038}};
+
+TEST(FontMetrics, APositiveHeightIsTheCell) {
+    for (const Design& design : kDesigns) {
+        for (LONG height = 1; height <= 32767; height += 1 + height / 7) {
+            const TEXTMETRICA metrics = Metrics(Describe(design.face, height));
+            ASSERT_EQ(metrics.tmHeight, height) << design.face;
+            ASSERT_EQ(metrics.tmAscent + metrics.tmDescent, height) << design.face;
+            const double unit = double(height) / (design.ascent + design.descent);
+            ASSERT_NEAR(metrics.tmAscent, design.ascent * unit, 0.51) << design.face << height;
+            ASSERT_NEAR(metrics.tmAveCharWidth, std::max(1.0, design.average * unit), 0.51);
+            ASSERT_NEAR(metrics.tmInternalLeading, height - 2048 * unit, 0.51);
+            ASSERT_EQ(metrics.tmBreakChar, 32) << design.face;
+        }
+    }
+    EXPECT_EQ(Metrics(Describe("Arial", 32767)).tmHeight, 32767);
+}
+
+TEST(FontMetrics, ANegativeHeightIsTheEmAndZeroADefault) {
+    for (const Design& design : kDesigns) {
+        const TEXTMETRICA metrics = Metrics(Describe(design.face, -2048));
+        EXPECT_EQ(metrics.tmAscent, design.ascent);
+        EXPECT_EQ(metrics.tmDescent, design.descent);
+        EXPECT_EQ(metrics.tmHeight, design.ascent + design.descent);
+        EXPECT_EQ(metrics.tmAveCharWidth, design.average);
+        EXPECT_EQ(Metrics(Describe(design.face, 0)).tmHeight, kDefaultHeight);
+    }
+    constexpr LONG kLowest = std::numeric_limits<LONG>::min();
+    EXPECT_GE(Metrics(Describe("Arial", kLowest)).tmHeight, kGreatestSize);
+}
+
+TEST(FontMetrics, AWidthStretchesTheLineAlone) {
+    const std::string text = Bytes("あAい");
+    for (const char* face : {"IPAGothic", "@IPAGothic", "Arial"}) {
+        LOGFONTA description = Describe(face, 500);
+        const TEXTMETRICA natural = Metrics(description);
+        const tagSIZE extent = Extent(description, text);
+        for (const double factor : {0.5, 1.0, 1.125, 3.0}) {
+            description.lfWidth = static_cast<LONG>(natural.tmAveCharWidth * factor);
+            const TEXTMETRICA stretched = Metrics(description);
+            EXPECT_EQ(stretched.tmAveCharWidth, description.lfWidth);
+            EXPECT_EQ(stretched.tmHeight, 500);
+            EXPECT_EQ(stretched.tmAscent, natural.tmAscent);
+            const tagSIZE wide = Extent(description, text);
+            EXPECT_NEAR(wide.cx, extent.cx * factor, factor == 1.0 ? 0 : 7) << face << factor;
+            EXPECT_EQ(wide.cy, 500);
+            description.lfWidth = -description.lfWidth;
+            EXPECT_EQ(Extent(description, text).cx, wide.cx);
+        }
+    }
+}
+
+TEST(FontMetrics, BoldAndItalicAreTakenOrMadeWithTheAdvancesKept) {
+    const std::string text = Bytes("I");
+    for (const char* face : {"IPAGothic", "IPAMincho"}) {
+        LOGFONTA description = Describe(face, 200);
+        Canvas plain(300, 200);
+        plain.Draw(description, 50, 0, text);
+        description.lfWeight = 700;
+        Canvas bold(300, 200);
+        bold.Draw(description, 50, 0, text);
+        const Box before = plain.Ink();
+        const Box after = bold.Ink();
+        EXPECT_GT(bold.Area(), plain.Area() * 11 / 10) << face;
+        EXPECT_NEAR(before.left - after.left, after.right - before.right, 1) << face;
+        EXPECT_NEAR(before.top - after.top, after.bottom - before.bottom, 1) << face;
+        EXPECT_EQ(Metrics(description).tmWeight, 700);
+        EXPECT_EQ(Extent(description, text).cx, Extent(Describe(face, 200), text).cx) << face;
+
+        description = Describe(face, 200);
+        description.lfItalic = 1;
+        Canvas italic(300, 200);
+        italic.Draw(description, 50, 0, text);
+        const int baseline = Metrics(description).tmAscent;
+        EXPECT_NEAR(italic.Ink().left, before.left, 2) << face;
+        EXPECT_NEAR(italic.Ink().right - before.right, 0.2126 * (baseline - before.top), 2) << face;
+        EXPECT_NEAR(italic.Area(), plain.Area(), plain.Area() / 20) << face;
+        EXPECT_EQ(Extent(description, text).cx, Extent(Describe(face, 200), text).cx) << face;
+    }
+    // A face of its own has advances of its own.
+    LOGFONTA description = Describe("Arial", 200);
+    const LONG regular = Extent(description, "j").cx;
+    description.lfWeight = 700;
+    EXPECT_GT(Extent(description, "j").cx, regular);
+}
+
+TEST(FontMetrics, AnUnknownFaceIsTheDefaultOfItsCharacterSet) {
+    LOGFONTA unknown = Describe("No Such Face", 100);
+    EXPECT_EQ(Metrics(unknown).tmAscent, Metrics(Describe("Arial", 100)).tmAscent);
+    unknown.lfCharSet = SHIFTJIS_CHARSET;
+    EXPECT_EQ(Extent(unknown, "W").cx, Extent(Describe("MS Gothic", 100), "W").cx);
+    EXPECT_EQ(Metrics(unknown).tmCharSet, SHIFTJIS_CHARSET);
+}
+
+TEST(Font, KeepsItsDescriptionAndOutlivesItsHandle) {
+    const LOGFONTA description = Describe("Arial", 40, -900);
+    CFont font = MakeFont(description);
+    LOGFONTA read{};
+    EXPECT_EQ(GetObjectA(font, 60, &read), 60);
+    EXPECT_EQ(read.lfEscapement, -900);
+    EXPECT_STREQ(read.lfFaceName, "Arial");
+    CDC dc;
+    EXPECT_FALSE(dc.GetTextMetricsA(nullptr));
+    EXPECT_TRUE(dc.SelectObject(font).IsNull());
+    font.DeleteObject();
+    EXPECT_EQ(GetObjectA(font, 60, &read), 0);
+    EXPECT_EQ(Extent(dc, "").cy, 40);
+    const CFont back = dc.SelectObject(font);
+    EXPECT_EQ(GetObjectA(back, 60, &read), 60);
+    TEXTMETRICA metrics{};
+    EXPECT_FALSE(dc.GetTextMetricsA(&metrics));
+    EXPECT_FALSE(dc.TextOutA(0, 0, "a", 1));
+}
+
+}  // namespace
+}  // namespace kv::gdi
