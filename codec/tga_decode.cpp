@@ -1,4 +1,6 @@
 #include <algorithm>
+#include <array>
+#include <bit>
 #include <cstring>
 
 #include <CKVTargaImage.h>
@@ -9,7 +11,8 @@
 
 namespace {
 
-constexpr BYTE kSolid = 255;
+// A pixel whose key alone is set, to be or-ed over three colour bytes.
+constexpr auto kSolidKey = std::bit_cast<DWORD>(std::array<BYTE, 4>{0, 0, 0, 255});
 
 // A header may claim any size. A picture up to this many pixels is made whatever its data; a larger
 // one only if the data could hold it: a packet of four bytes, control byte and pixel, yields at
@@ -61,11 +64,12 @@ struct Stored32 {
 struct Stored24 {
     static constexpr std::size_t kBytes = 3;
     static void Copy(BYTE* dst, const BYTE* src, std::size_t count) {
+        // Four bytes at once, the fourth of which is replaced; behind the last pixel there is none.
         for (std::size_t i = 0; i < count; ++i) {
-            dst[i * 4] = src[i * 3];
-            dst[i * 4 + 1] = src[i * 3 + 1];
-            dst[i * 4 + 2] = src[i * 3 + 2];
-            dst[i * 4 + 3] = kSolid;
+            DWORD pixel = 0;
+            std::memcpy(&pixel, src + i * 3, i + 1 < count ? 4 : 3);
+            pixel |= kSolidKey;
+            std::memcpy(dst + i * 4, &pixel, 4);
         }
     }
 };
