@@ -54,7 +54,7 @@ std::vector<BYTE> Stored(LONG mode) {
 
 void Copy(benchmark::State& state) {
     std::vector<BYTE> target(kFrameBytes);
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         std::memcpy(target.data(), Picture().m_BufferByte, kFrameBytes);
         benchmark::DoNotOptimize(target.data());
     }
@@ -62,7 +62,7 @@ void Copy(benchmark::State& state) {
 BENCHMARK(Copy)->Unit(benchmark::kMillisecond);
 
 void Yields(benchmark::State& state) {
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         for (int64_t i = 0; i < state.range(0); ++i) {
             Sleep(0);
         }
@@ -72,7 +72,7 @@ BENCHMARK(Yields)->Arg(507)->Arg(2025)->Unit(benchmark::kMillisecond);
 
 void Read(benchmark::State& state) {
     MemoryFile file(Stored(static_cast<LONG>(state.range(0))));
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         CKVFrameBuffer fb;
         CKVTargaImage().LoadImg(&file, &fb);
         benchmark::DoNotOptimize(fb.m_BufferByte);
@@ -82,7 +82,7 @@ BENCHMARK(Read)->ArgName("mode")->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 
 void Write(benchmark::State& state) {
     MemoryFile file;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         CKVTargaImage().SaveImage(&file, &Picture(), static_cast<LONG>(state.range(0)));
         benchmark::DoNotOptimize(file.m_Bytes.data());
     }
@@ -93,7 +93,7 @@ void DecodeRaw(benchmark::State& state) {
     const std::vector<BYTE> file = Stored(0);
     std::vector<BYTE> target(kFrameBytes);
     const auto size = static_cast<DWORD>(file.size() - 18);
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         if (state.range(0) == 32) {
             Codec().ImgConv_UnComp32(file.data() + 18, size, target.data(), kWidth, kHeight, 0);
         } else {
@@ -107,7 +107,7 @@ BENCHMARK(DecodeRaw)->ArgName("bits")->Arg(32)->Arg(24)->Unit(benchmark::kMillis
 void DecodeRunLength(benchmark::State& state) {
     const std::vector<BYTE> file = Stored(1);
     std::vector<BYTE> target(kFrameBytes);
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         Codec().ImgConv_Comp32(file.data() + 18, static_cast<DWORD>(file.size() - 18),
                                target.data(), kWidth, kHeight, 0);
         benchmark::DoNotOptimize(target.data());
@@ -119,7 +119,7 @@ BENCHMARK(DecodeRunLength)->Unit(benchmark::kMillisecond);
 void PlainDecodeRunLength(benchmark::State& state) {
     const std::vector<BYTE> file = Stored(1);
     std::vector<DWORD> target(kFrameBytes / 4);
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         const BYTE* src = file.data() + 18;
         DWORD x = 0;
         DWORD* row = target.data() + std::size_t{kHeight - 1} * kWidth;
@@ -143,7 +143,7 @@ BENCHMARK(PlainDecodeRunLength)->Unit(benchmark::kMillisecond);
 void Encode(benchmark::State& state) {
     std::vector<BYTE> target(kFrameBytes / 4 * 5);
     DWORD length = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         if (state.range(0) == 0) {
             Codec().ImgConv_TgaUnComp(Picture().m_BufferByte, target.data(), kWidth, kHeight,
                                       &length);

@@ -63,6 +63,7 @@ TEST(GlobalMemory, FailureIsNull) {
 
 TEST(GlobalMemory, ThreadsWorkSideBySide) {
     std::vector<std::thread> threads;
+    threads.reserve(4);
     for (int id = 0; id < 4; ++id) {
         threads.emplace_back([id] {
             for (int round = 0; round < 500; ++round) {

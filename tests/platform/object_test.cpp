@@ -10,13 +10,13 @@ class Sample : public CObject {
     static CObject* CreateObject() { return new Sample; }
     static CRuntimeClass* GetThisClass() { return &classSample; }
     CRuntimeClass* GetRuntimeClass() const override { return &classSample; }
-    static CRuntimeClass* _GetBaseClass() { return CObject::GetThisClass(); }
+    static CRuntimeClass* GetBaseClass() { return CObject::GetThisClass(); }
 
     static CRuntimeClass classSample;
 };
 
 constinit CRuntimeClass Sample::classSample{"Sample", VERSIONABLE_SCHEMA, &Sample::CreateObject,
-                                            &Sample::_GetBaseClass, nullptr};
+                                            &Sample::GetBaseClass, nullptr};
 
 // Runs before the entry below is made: an unregistered class is not found, and nothing breaks.
 const bool g_FoundEarly = CRuntimeClass::FromName("Sample") != nullptr;
