@@ -1,0 +1,14 @@
+#pragma once
+
+/// Everything that the library offers.
+
+#include <CBox.h>
+#include <CBwDrawInfo.h>
+#include <CDrawText.h>
+#include <CKVBwDraw.h>
+#include <CKVFont.h>
+#include <CKVFrameBuffer.h>
+#include <CKVGrayBitmap.h>
+#include <CKVMonoBitmap.h>
+#include <CKVTargaImage.h>
+#include <KVUtf8.h>

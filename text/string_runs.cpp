@@ -1,0 +1,88 @@
+// String analysis: the break character and the runs of a vertical line.
+
+#include <algorithm>
+#include <string>
+
+#include <CKVFont.h>
+
+#include "platform/mbcs.h"
+
+namespace {
+
+using kv::_mbsinc;
+
+// WHITE CIRCLE: stands for one cell of a vertical line.
+constexpr char kCircle[] = "\x81\x9B";
+
+enum class RunKind { kNone, kMulti, kSingle };
+
+// Collects characters into runs of one kind.
+class RunCollector {
+  public:
+    explicit RunCollector(CStringArray& parts) : m_Parts(parts) {}
+
+    RunKind Kind() const { return m_Kind; }
+
+    void Append(const std::string& character, RunKind kind) {
+        if (m_Kind != kind && m_Kind != RunKind::kNone) {
+            Flush();
+        }
+        m_Kind = kind;
+        m_Run += character;
+    }
+
+    // A blank ends a run and goes nowhere.
+    void Blank() {
+        if (m_Kind != RunKind::kNone) {
+            Flush();
+        }
+        m_Kind = RunKind::kNone;
+    }
+
+    void Flush() {
+        m_Parts.Add(m_Run.c_str());
+        m_Run.clear();
+    }
+
+  private:
+    CStringArray& m_Parts;
+    std::string m_Run;
+    RunKind m_Kind = RunKind::kNone;
+};
+
+}  // namespace
+
+int CKVFont::ChBreakChar(CString& text, wchar_t breakChar) {
+    if (breakChar == L' ') {
+        return 0;
+    }
+    if (breakChar < 0 || breakChar > 255) {
+        return -1;
+    }
+    // A trail byte is never 0x20, so bytes need no stepping by character.
+    std::string bytes(text);
+    std::replace(bytes.begin(), bytes.end(), ' ', static_cast<char>(breakChar));
+    text = bytes.c_str();
+    return 1;
+}
+
+void CKVFont::SplitMultiAndSingle(const char* text, CStringArray& parts, CString& multi) {
+    RunCollector runs(parts);
+    std::string measured;
+    for (const char* p = text == nullptr ? "" : text; *p != '\0'; p = _mbsinc(p)) {
+        const std::string character(p, _mbsinc(p));
+        if (character.size() == 2) {
+            measured += character;
+            runs.Append(character, RunKind::kMulti);
+        } else if (*p == ' ') {
+            runs.Blank();
+        } else {
+            if (runs.Kind() != RunKind::kSingle) {
+                measured += kCircle;
+            }
+            runs.Append(character, RunKind::kSingle);
+        }
+    }
+    runs.Flush();
+    multi += measured.c_str();
+}
