@@ -18,7 +18,8 @@ class CFont {
   public:
     CFont() = default;
 
-    /// False when no face at all is to be had; the handle is then null and draws nothing.
+    /// False when no face at all is to be had and for a height or width beyond 2^20 pixels; the
+    /// handle is then null and draws nothing.
     bool CreateFontIndirectA(const LOGFONTA& description);
     void DeleteObject() { m_Font.reset(); }
     bool IsNull() const { return m_Font == nullptr; }

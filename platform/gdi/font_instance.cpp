@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <limits>
 
 namespace kv::gdi {
@@ -21,8 +22,8 @@ LONG RequestedWeight(const LOGFONTA& description) {
     return description.lfWeight > 0 ? std::min<LONG>(description.lfWeight, 1000) : kNormalWeight;
 }
 
-LONG Magnitude(LONG size) {
-    return static_cast<LONG>(std::min<std::int64_t>(std::abs(std::int64_t{size}), kGreatestSize));
+bool IsDrawable(LONG size) {
+    return size >= -kGreatestSize && size <= kGreatestSize;
 }
 
 /// A name field need not end in a zero.
@@ -45,13 +46,13 @@ void ApplyHeight(LONG request, const DesignMetrics& design, FontInstance& font) 
     TEXTMETRICA& metrics = font.metrics;
     const double cellUnits = design.ascent + design.descent;
     if (request < 0) {
-        font.emPixels = Magnitude(request);
+        font.emPixels = std::abs(request);
         const double unit = font.emPixels / design.unitsPerEm;
         metrics.tmAscent = RoundToPixel(design.ascent * unit);
         metrics.tmDescent = RoundToPixel(design.descent * unit);
         metrics.tmHeight = metrics.tmAscent + metrics.tmDescent;
     } else {
-        metrics.tmHeight = request == 0 ? kDefaultHeight : Magnitude(request);
+        metrics.tmHeight = request == 0 ? kDefaultHeight : std::abs(request);
         font.emPixels = metrics.tmHeight * (design.unitsPerEm / cellUnits);
         metrics.tmAscent = RoundToPixel(metrics.tmHeight * (design.ascent / cellUnits));
         metrics.tmDescent = metrics.tmHeight - metrics.tmAscent;
@@ -65,7 +66,7 @@ void ApplyWidth(LONG request, const DesignMetrics& design, FontInstance& font) {
     TEXTMETRICA& metrics = font.metrics;
     const double unit = font.emPixels / design.unitsPerEm;
     const LONG natural = std::max(1, RoundToPixel(design.averageWidth * unit));
-    metrics.tmAveCharWidth = request == 0 ? natural : Magnitude(request);
+    metrics.tmAveCharWidth = request == 0 ? natural : std::abs(request);
     font.stretch = static_cast<double>(metrics.tmAveCharWidth) / natural;
     metrics.tmMaxCharWidth = RoundToPixel(design.greatestWidth * unit * font.stretch);
 }
@@ -96,6 +97,9 @@ void ApplySize(const LOGFONTA& description, const FaceRecord& face, FontInstance
 }
 
 std::shared_ptr<const FontInstance> FontInstance::Create(const LOGFONTA& description) {
+    if (!IsDrawable(description.lfHeight) || !IsDrawable(description.lfWidth)) {
+        return nullptr;
+    }
     const FontCatalogue& catalogue = FontCatalogue::Get();
     const auto found = catalogue.Find(FaceName(description));
     const FontFamily* const family =

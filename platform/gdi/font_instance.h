@@ -27,7 +27,7 @@ struct FontInstance {
     double stretch = 1.0;   ///< along the line, beyond the natural width
     bool vertical = false;  ///< double-byte characters stand in a line that is turned by -900
 
-    /// Null when there is no font at all.
+    /// Null when there is no font at all, or for a height or width beyond kGreatestSize.
     static std::shared_ptr<const FontInstance> Create(const LOGFONTA& description);
 };
 
@@ -36,7 +36,7 @@ void ApplySize(const LOGFONTA& description, const FaceRecord& face, FontInstance
 
 /// The cell height that stands for a request of 0.
 inline constexpr LONG kDefaultHeight = 16;
-/// What is asked for beyond this is cut to it.
+/// Nothing larger is drawn: a mask of such a line is beyond any memory.
 inline constexpr LONG kGreatestSize = 1 << 20;
 
 /// Rounds halves up.

@@ -44,8 +44,18 @@ TEST(FontMetrics, ANegativeHeightIsTheEmAndZeroADefault) {
         EXPECT_EQ(metrics.tmAveCharWidth, design.average);
         EXPECT_EQ(Metrics(Describe(design.face, 0)).tmHeight, kDefaultHeight);
     }
-    constexpr LONG kLowest = std::numeric_limits<LONG>::min();
-    EXPECT_GE(Metrics(Describe("Arial", kLowest)).tmHeight, kGreatestSize);
+}
+
+TEST(FontMetrics, SizesBeyondAnyMemoryAreRefused) {
+    for (const LONG size : {kGreatestSize + 1, -kGreatestSize - 1, std::numeric_limits<LONG>::min(),
+                            std::numeric_limits<LONG>::max()}) {
+        CFont font;
+        EXPECT_FALSE(font.CreateFontIndirectA(Describe("Arial", size)));
+        LOGFONTA wide = Describe("Arial", 20);
+        wide.lfWidth = size;
+        EXPECT_FALSE(font.CreateFontIndirectA(wide));
+    }
+    EXPECT_EQ(Metrics(Describe("Arial", kGreatestSize)).tmHeight, kGreatestSize);
 }
 
 TEST(FontMetrics, AWidthStretchesTheLineAlone) {
