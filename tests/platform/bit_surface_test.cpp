@@ -83,10 +83,11 @@ TEST(BitSurfaceTest, TurningEqualsAPixelLoop) {
         Rows expected = Read(*target);
         for (std::int32_t v = 0; v < source->Height(); ++v) {
             for (std::int32_t u = 0; u < source->Width(); ++u) {
-                const bool within = x - 1 - v >= 0 && x - 1 - v < target->Width() && y + u >= 0 &&
-                                    y + u < target->Height();
-                if (within && from[std::size_t(v)][std::size_t(u)] == '#') {
-                    expected[std::size_t(y + u)][std::size_t(x - 1 - v)] = '#';
+                const std::int32_t column = x - 1 - v;
+                const std::int32_t row = y + u;
+                if (from[std::size_t(v)][std::size_t(u)] == '#' && column >= 0 && row >= 0 &&
+                    column < target->Width() && row < target->Height()) {
+                    expected[std::size_t(row)][std::size_t(column)] = '#';
                 }
             }
         }
