@@ -31,7 +31,7 @@ Affine Turn(int angle, const TextTarget& target) {
     double sine = kSines[quarter];
     double cosine = kSines[(quarter + 1) % 4];
     if (angle % kRightAngle != 0) {
-        const double radians = angle * (std::numbers::pi / (kFullTurn / 2));
+        const double radians = angle * (2.0 * std::numbers::pi / kFullTurn);
         sine = std::sin(radians);
         cosine = std::cos(radians);
     }

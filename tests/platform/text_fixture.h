@@ -34,9 +34,9 @@ inline CFont MakeFont(const LOGFONTA& description) {
 }
 
 inline TEXTMETRICA Metrics(const LOGFONTA& description) {
+    TEXTMETRICA metrics{};
     CDC dc;
     dc.SelectObject(MakeFont(description));
-    TEXTMETRICA metrics{};
     dc.GetTextMetricsA(&metrics);
     return metrics;
 }
@@ -55,7 +55,6 @@ inline tagSIZE Extent(const LOGFONTA& description, const std::string& bytes) {
 
 struct Box {
     int left, top, right, bottom;
-    bool operator==(const Box&) const = default;
 };
 
 /// A context with a bitmap that draws white on black.
@@ -73,22 +72,15 @@ class Canvas {
         return dc.TextOutA(x, y, bytes.data(), static_cast<int>(bytes.size()));
     }
 
-    /// All bits, padding included.
-    std::vector<std::uint8_t> Bits() const {
-        std::vector<std::uint8_t> bits(Stride() * static_cast<std::size_t>(m_Height));
+    /// A byte a pixel, row by row; rows include their padding when asked for.
+    std::vector<char> Pixels(bool padding = false) const {
+        const std::size_t width = (static_cast<std::size_t>(m_Width) + 15) / 16 * 16;
+        std::vector<std::uint8_t> bits(width / 8 * static_cast<std::size_t>(m_Height));
         m_Bitmap.GetBitmapBits(static_cast<DWORD>(bits.size()), bits.data());
-        return bits;
-    }
-
-    /// A byte a pixel, row by row.
-    std::vector<char> Pixels() const {
-        const std::vector<std::uint8_t> bits = Bits();
         std::vector<char> pixels;
-        for (int y = 0; y < m_Height; ++y) {
-            for (int x = 0; x < m_Width; ++x) {
-                const std::uint8_t byte =
-                    bits[Stride() * static_cast<std::size_t>(y) + static_cast<std::size_t>(x / 8)];
-                pixels.push_back(static_cast<char>(byte >> (7 - x % 8) & 1));
+        for (std::size_t i = 0; i < bits.size() * 8; ++i) {
+            if (padding || i % width < static_cast<std::size_t>(m_Width)) {
+                pixels.push_back(static_cast<char>(bits[i / 8] >> (7 - i % 8) & 1));
             }
         }
         return pixels;
@@ -109,16 +101,14 @@ class Canvas {
         return box.right == 0 ? Box{0, 0, 0, 0} : box;
     }
 
-    int Area() const {
-        const std::vector<char> pixels = Pixels();
+    int Area(bool padding = false) const {
+        const std::vector<char> pixels = Pixels(padding);
         return static_cast<int>(std::count(pixels.begin(), pixels.end(), 1));
     }
 
     CDC dc;
 
   private:
-    std::size_t Stride() const { return static_cast<std::size_t>((m_Width + 15) / 16 * 2); }
-
     CBitmap m_Bitmap;
     int m_Width;
     int m_Height;
