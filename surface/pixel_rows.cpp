@@ -85,7 +85,8 @@ KV_FORCE_INLINE typename Lanes::U32 MixToSum(const Lanes& lanes, const typename 
     const auto blueRed = reinterpret_cast<U32>(sums.blueRed);
     const U32 blue = Quotient<Lanes>(blueRed & lanes.lowHalf, reciprocal);
     const U32 red = Quotient<Lanes>(blueRed >> 16, reciprocal);
-    const U32 green = Quotient<Lanes>(reinterpret_cast<U32>(sums.greenKey) & lanes.lowHalf, reciprocal);
+    const U32 green =
+        Quotient<Lanes>(reinterpret_cast<U32>(sums.greenKey) & lanes.lowHalf, reciprocal);
     return nothing ? rest : (blue | green << 8) | (red << 16 | total << 24);
 }
 

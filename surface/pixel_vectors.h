@@ -47,17 +47,23 @@ struct PlainLanes : PixelVectors<4> {
     }
 
     /// True if every pixel has key 0.
-    KV_FORCE_INLINE bool Transparent(const U32& pixels) const { return IsZero(pixels & key); }
+    KV_FORCE_INLINE bool Transparent(const U32& pixels) const {
+        return IsZero(pixels & key);
+    }
 
     /// True if every pixel has key 255.
-    KV_FORCE_INLINE bool Solid(const U32& pixels) const { return IsZero(~pixels & key); }
+    KV_FORCE_INLINE bool Solid(const U32& pixels) const {
+        return IsZero(~pixels & key);
+    }
 
     static KV_FORCE_INLINE void Widen(U32& lanes, const BYTE* coverage) {
         lanes = U32{coverage[0], coverage[1], coverage[2], coverage[3]};
     }
 
     /// floor(x / 255) for 0 <= x <= 255 * 255.
-    KV_FORCE_INLINE void DivideBy255(U16& x) const { x = (x + 1 + (x >> 8)) >> 8; }
+    KV_FORCE_INLINE void DivideBy255(U16& x) const {
+        x = (x + 1 + (x >> 8)) >> 8;
+    }
 };
 
 #if KV_HAS_AVX2_PATH

@@ -74,21 +74,7 @@ class PixelRows : public testing::TestWithParam<kv::CpuLevel> {
     std::mt19937 random{11};
 };
 
-// Every pair of keys: rows that hold the source's key, then rows that hold the target's.
-TEST_P(PixelRows, AllKeyPairs) {
-    std::vector<DWORD> dst(258);
-    std::vector<DWORD> src(256);
-    for (DWORD key = 0; key < 256; ++key) {
-        for (int pass = 0; pass < 8; ++pass) {
-            for (DWORD i = 0; i < 256; ++i) {
-                dst[i + 1] = (pass % 2 == 0 ? i : key) << 24 | Colour();
-                src[i] = (pass % 2 == 0 ? key : i) << 24 | Colour();
-            }
-            ASSERT_NO_FATAL_FAILURE(ExpectSame(dst, src.data(), nullptr)) << key;
-        }
-    }
-}
-
+// Every coverage with every pair of keys; the blend by key meets every pair 64 times.
 TEST_P(PixelRows, AllCoveragesAndKeyPairs) {
     std::vector<DWORD> dst(258);
     std::vector<DWORD> src(256);
@@ -104,6 +90,9 @@ TEST_P(PixelRows, AllCoveragesAndKeyPairs) {
                 src[sa] = sa << 24 | src[sa] % 0x1000000;
             }
             ASSERT_NO_FATAL_FAILURE(ExpectSame(dst, src.data(), mask.data())) << m << " " << da;
+            if (m % 4 == 0) {
+                ASSERT_NO_FATAL_FAILURE(ExpectSame(dst, src.data(), nullptr)) << da;
+            }
         }
     }
 }
