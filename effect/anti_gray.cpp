@@ -14,7 +14,7 @@ int CKVBwDraw::MakeAntiGray(int Scale, const CKVMonoBitmap* pMono, CKVGrayBitmap
     }
     const auto scale = static_cast<std::size_t>(Scale);
     const std::size_t width = std::size_t{pMono->Pitch} * 8 / scale;
-    const LONG height = pMono->Height / Scale;
+    const LONG height = pMono->Bits != nullptr ? pMono->Height / Scale : 0;
     if (width > std::numeric_limits<LONG>::max()) {
         return -1;
     }

@@ -46,34 +46,39 @@ KV_FORCE_INLINE void Nearest(const std::int16_t* centre, int radius, Shorts16& l
     }
 }
 
-KV_FORCE_INLINE void StoreValues(const Shorts16& left, const Shorts16& right, const BYTE* values,
+struct Row {
+    const std::int16_t* squares;  // for target column 0
+    const BYTE* values;
+    int radius;
+    std::int16_t outside;  // the radius's square: not reached
+    std::size_t begin;     // target columns that can be reached
+    std::size_t end;
+};
+
+KV_FORCE_INLINE void StoreValues(const Shorts16& left, const Shorts16& right, const Row& row,
                                  BYTE* target, std::size_t count) {
-    const Shorts16 any = left | right;
-    if (!AnyBit(any)) {
+    const Shorts16 apart = left | right;
+    if (!AnyBit(apart)) {
         std::memset(target, 255, count);
+        return;
+    }
+    const Shorts16 reached = (left < row.outside) | (right < row.outside);
+    if (!AnyBit(reached)) {
         return;
     }
     std::int16_t squares[kBlock];
     Store(squares, left);
     Store(squares + kBlock / 2, right);
     for (std::size_t i = 0; i < count; ++i) {
-        target[i] = std::max(target[i], values[squares[i]]);
+        target[i] = std::max(target[i], row.values[squares[i]]);
     }
 }
-
-struct Row {
-    const std::int16_t* squares;  // for target column 0
-    const BYTE* values;
-    int radius;
-    std::size_t begin;  // target columns that can be reached
-    std::size_t end;
-};
 
 KV_FORCE_INLINE void AddBody(const Row& row, BYTE* target) {
     for (std::size_t x = row.begin; x < row.end; x += kBlock) {
         Shorts16 left, right;
         Nearest(row.squares + x, row.radius, left, right);
-        StoreValues(left, right, row.values, target + x, std::min(kBlock, row.end - x));
+        StoreValues(left, right, row, target + x, std::min(kBlock, row.end - x));
     }
 }
 
@@ -83,6 +88,23 @@ void AddPlain(const Row& row, BYTE* target) {
 
 KV_TARGET_AVX2 void AddAvx2(const Row& row, BYTE* target) {
     AddBody(row, target);
+}
+
+// The columns before the first one that is nearer than the radius.
+std::size_t LeadingFar(const BYTE* vertical, std::size_t width, int radius) {
+    std::size_t x = 0;
+    for (; x + kBlock <= width; x += kBlock) {
+        Bytes32 distances;
+        Load(distances, vertical + x);
+        distances ^= static_cast<BYTE>(radius);
+        if (AnyBit(distances)) {
+            break;
+        }
+    }
+    while (x < width && vertical[x] == radius) {
+        ++x;
+    }
+    return x;
 }
 
 }  // namespace
@@ -105,21 +127,22 @@ bool NearSoftRows::Prepare(int radius, std::size_t width) {
 }
 
 void NearSoftRows::Add(const Distance* vertical, BYTE* target) {
-    std::size_t first = 0;
-    std::size_t last = width_;
-    for (; last > 0 && vertical[last - 1] == radius_; --last) {
-    }
-    for (; first < last && vertical[first] == radius_; ++first) {
-    }
-    if (first == last) {
+    const std::size_t first = LeadingFar(vertical, width_, radius_);
+    if (first == width_) {
         return;
+    }
+    std::size_t last = width_;
+    while (vertical[last - 1] == radius_) {
+        --last;
     }
     std::int16_t* const squares = squares_.get() + Pad(radius_);
     for (std::size_t x = 0; x < width_; ++x) {
         squares[x] = static_cast<std::int16_t>(vertical[x] * vertical[x]);
     }
     const auto reach = static_cast<std::size_t>(radius_);
-    const Row row{squares - reach, values_.get(), radius_, first, last + 2 * reach};
+    const Row row{squares - reach, values_.get(),
+                  radius_,         static_cast<std::int16_t>(radius_ * radius_),
+                  first,           last + 2 * reach};
     ForLevel(AddPlain, AddAvx2)(row, target);
 }
 

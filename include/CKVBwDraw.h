@@ -28,9 +28,10 @@ class KVDRAW_API CKVBwDraw {
     /// is left out. No pointer may be null.
     int DispFb(CKVFrameBuffer* pFb, tagKVBWDRAWINFO* pInfo, const CKVMonoBitmap* pMono, CBox* pBox);
 
-    /// Renders by itself into pFb, which is replaced by a surface made to fit. Eria gets that
-    /// surface's place in the scene; Body, Edge and Shad get the layers' places within it, all 0
-    /// for a layer that was not made. Failures as for DispFb: nothing is changed.
+    /// Renders by itself into pFb, which is replaced by a surface made to fit (empty when that has
+    /// no size or cannot be had). Eria gets that surface's place in the scene; Body, Edge and Shad
+    /// get the layers' places within it, all 0 for a layer that was not made. Failures as for
+    /// DispFb: nothing is changed.
     int SetFb(CKVFrameBuffer* pFb, tagKVBWDRAWINFO* pInfo, const CKVMonoBitmap* pMono, CBox& Eria,
               CBox& Body, CBox& Edge, CBox& Shad);
 

@@ -24,13 +24,14 @@ inline BYTE& At(const CKVGrayBitmap& gray, LONG x, LONG y) {
 
 /// A coverage of `zeros` parts in 8 empty pixels, flat runs of one value and random ones, with pad
 /// bytes that nobody may read as pixels.
-inline void FillRandom(CKVGrayBitmap& gray, LONG width, LONG height, unsigned zeros,
+inline void FillRandom(CKVGrayBitmap& gray, LONG width, LONG height, int zeros,
                        std::mt19937& random) {
     gray.Delete();
     gray.Create(width, height);
     for (DWORD i = 0; i < gray.Size; ++i) {
         const bool repeat = i > 0 && random() % 3 != 0;
-        const auto fresh = static_cast<BYTE>(random() % 8 < zeros ? 0 : random() % 256);
+        const auto fresh =
+            static_cast<BYTE>(static_cast<int>(random() % 8) < zeros ? 0 : random() % 256);
         gray.Bits[i] = repeat ? gray.Bits[i - 1] : fresh;
     }
     for (LONG y = 0; y < height && width % 2 != 0; ++y) {

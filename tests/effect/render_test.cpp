@@ -1,0 +1,270 @@
+#include <functional>
+#include <limits>
+
+#include <CKVBwDraw.h>
+#include <CKVFrameBuffer.h>
+#include <gtest/gtest.h>
+
+#include "tests/effect/coverage.h"
+
+namespace {
+
+using effect_test::At;
+
+constexpr LONG kMost = std::numeric_limits<LONG>::max();
+constexpr LONG kLeast = std::numeric_limits<LONG>::min();
+
+using Quad = std::vector<LONG>;
+
+Quad Of(const CBox& box) {
+    return {box.x, box.y, box.width, box.height};
+}
+
+std::vector<DWORD> PixelsOf(const CKVFrameBuffer& fb) {
+    return {fb.GetBufferDWord(), fb.GetBufferDWord() + fb.GetSize() / 4};
+}
+
+tagKVBWDRAWINFO Record(LONG x, LONG y) {
+    tagKVBWDRAWINFO info{};
+    info.AntiScale = 4;
+    info.Pos_X = x;
+    info.Pos_Y = y;
+    info.BodyCol = 0xFF0000FF;
+    info.EdgeCol = 0xC000FF00;
+    info.ShadCol = 0x80FF0000;
+    return info;
+}
+
+// A solid mask whose body layer is 20 by 10.
+void MakeMask(CKVMonoBitmap& mask, LONG width = 80, LONG height = 40) {
+    mask.Delete();
+    mask.Create(width, height);
+    std::fill_n(mask.Bits, mask.Size, BYTE{255});
+}
+
+using Change = std::function<void(tagKVBWDRAWINFO&)>;
+
+struct Shape {
+    LONG edgeSize, edgeMode, shadowType, shadowSize, softSize;
+};
+
+void Apply(const Shape& shape, tagKVBWDRAWINFO& info) {
+    info.EdgeType_Size = shape.edgeSize;
+    info.EdgeMode = shape.edgeMode;
+    info.ShadType_Type = shape.shadowType;
+    info.ShadType_Size = shape.shadowSize;
+    info.ShadType_SoftSize = shape.softSize;
+}
+
+TEST(AreaRender, ArrangesTheLayers) {
+    const Quad none{0, 0, 0, 0};
+    const struct {
+        Shape shape;
+        Quad area, body, edge, shadow;
+    } cases[] = {
+        {{0, 0, 0, 0, 0}, {100, 50, 20, 10}, {0, 0, 20, 10}, none, none},
+        {{2, 0, 0, 0, 0}, {98, 48, 24, 14}, {2, 2, 20, 10}, {0, 0, 24, 14}, none},
+        {{0, 0, 0, 5, 0}, {100, 50, 25, 15}, {0, 0, 20, 10}, none, {5, 5, 20, 10}},
+        {{2, 0, 0, 5, 0}, {98, 48, 29, 19}, {2, 2, 20, 10}, {0, 0, 24, 14}, {5, 5, 24, 14}},
+        {{2, 0, 0, -5, 0}, {93, 43, 29, 19}, {7, 7, 20, 10}, {5, 5, 24, 14}, {0, 0, 24, 14}},
+        {{0, 0, 1, 3, 0}, {100, 50, 23, 13}, {0, 0, 20, 10}, none, {0, 0, 23, 13}},
+        {{0, 0, 1, -3, 0}, {97, 47, 23, 13}, {3, 3, 20, 10}, none, {0, 0, 23, 13}},
+        {{2, 9, 0, 5, 0}, {100, 50, 23, 13}, {0, 0, 20, 10}, none, {3, 3, 20, 10}},
+        {{2, 1, 0, 0, 0}, {100, 50, 20, 10}, {0, 0, 20, 10}, none, none},
+        {{0, 0, 2, 5, 0}, {100, 50, 25, 15}, {0, 0, 20, 10}, none, {5, 5, 20, 10}},
+        {{0, 0, 2, 1, 4}, {100, 50, 29, 19}, {0, 0, 20, 10}, none, {1, 1, 28, 18}},
+        {{0, 0, 2, 0, 4}, {100, 50, 20, 10}, {0, 0, 20, 10}, none, none},
+        {{0, 0, 2, 1, -4}, {100, 50, 20, 10}, {0, 0, 20, 10}, none, none},
+        {{kMost, 0, 0, 0, 0}, {100, 50, 20, 10}, {0, 0, 20, 10}, none, none},
+        {{0, 0, 1, kLeast, 0}, {100, 50, 20, 10}, {0, 0, 20, 10}, none, none},
+    };
+    CKVMonoBitmap mask;
+    MakeMask(mask);
+    for (const auto& c : cases) {
+        tagKVBWDRAWINFO info = Record(100, 50);
+        Apply(c.shape, info);
+        CKVFrameBuffer fb(3, 3, 1);
+        CBox area, body, edge, shadow;
+        EXPECT_EQ(CKVBwDraw().SetFb(&fb, &info, &mask, area, body, edge, shadow), 0);
+        EXPECT_EQ(Of(area), c.area);
+        EXPECT_EQ(Of(body), c.body);
+        EXPECT_EQ(Of(edge), c.edge);
+        EXPECT_EQ(Of(shadow), c.shadow);
+        EXPECT_EQ(fb.GetWH(), CSize(c.area[2], c.area[3]));
+    }
+}
+
+TEST(AreaRender, AnEmptyMaskMakesNothing) {
+    CKVMonoBitmap mask;
+    tagKVBWDRAWINFO info = Record(100, 50);
+    Apply({2, 0, 0, 5, 0}, info);
+    CKVFrameBuffer fb(3, 3, 1);
+    CBox area(1, 1, 1, 1), body(area), edge(area), shadow(area);
+    EXPECT_EQ(CKVBwDraw().SetFb(&fb, &info, &mask, area, body, edge, shadow), 0);
+    EXPECT_EQ(Of(area), (Quad{100, 50, 0, 0}));
+    EXPECT_EQ(Of(body), (Quad{0, 0, 0, 0}));
+    EXPECT_EQ(fb.IsBuffer(), 1);
+}
+
+TEST(Render, ReportsWhatItTouched) {
+    const struct {
+        LONG x, y;
+        Shape shape;
+        Quad box;
+    } cases[] = {
+        {10, 10, {0, 0, 0, 4, 0}, {10, 10, 24, 14}},
+        {10, 10, {2, 0, 0, 5, 0}, {8, 8, 29, 19}},
+        {10, 10, {2, 0, 1, 5, 0}, {8, 8, 29, 19}},
+        {20, 20, {2, 0, 1, -5, 0}, {13, 13, 29, 19}},
+        {10, 10, {2, 9, 0, 5, 0}, {10, 10, 23, 13}},
+        {10, 10, {0, 0, 2, 7, 0}, {10, 10, 27, 17}},
+        {-5, 10, {0, 0, 0, 0, 0}, {0, 10, 15, 10}},
+        {500, 10, {0, 0, 0, 0, 0}, {0, 0, 0, 0}},
+        // The body lies outside: the shadow's box stands for it.
+        {-20, 0, {0, 0, 0, 15, 0}, {0, 15, 15, 10}},
+        // The shadow does: the first box is the all-zero one.
+        {10, 10, {0, 0, 0, 1000, 0}, {0, 0, 30, 20}},
+        {kMost, kLeast, {2, 0, 0, 5, 0}, {0, 0, 0, 0}},
+    };
+    CKVMonoBitmap mask;
+    MakeMask(mask);
+    for (const auto& c : cases) {
+        for (const LONG softPen : {0, 1}) {
+            tagKVBWDRAWINFO info = Record(c.x, c.y);
+            Apply(c.shape, info);
+            info.ShadType_SoftPen = softPen;
+            CKVFrameBuffer fb(200, 100, 1);
+            CBox box;
+            CKVBwDraw draw;
+            EXPECT_EQ(draw.DispFb(&fb, &info, &mask, &box), 0);
+            EXPECT_EQ(Of(box), c.box);
+            EXPECT_EQ(draw.m_pFb, &fb);
+            EXPECT_EQ(draw.m_pInfo, &info);
+        }
+    }
+}
+
+TEST(Render, FailuresLeaveTheTarget) {
+    const Change changes[] = {
+        [](auto& info) { info.AntiScale = 2; }, [](auto& info) { info.AntiScale = 0; },
+        [](auto& info) { info.AntiScale = -16; }, [](auto& info) { info.BodyMode = 3; },
+        [](auto& info) { info.BodyMode = -1; }};
+    CKVMonoBitmap mask;
+    MakeMask(mask);
+    for (const Change& change : changes) {
+        tagKVBWDRAWINFO info = Record(0, 0);
+        Apply({2, 0, 0, 5, 0}, info);
+        change(info);
+        CKVFrameBuffer fb(30, 30, 1);
+        CBox box(1, 2, 3, 4), body(box), edge(box), shadow(box);
+        EXPECT_EQ(CKVBwDraw().DispFb(&fb, &info, &mask, &box), -1);
+        EXPECT_EQ(CKVBwDraw().SetFb(&fb, &info, &mask, box, body, edge, shadow), -1);
+        for (const CBox& kept : {box, body, edge, shadow}) {
+            EXPECT_EQ(Of(kept), (Quad{1, 2, 3, 4}));
+        }
+        EXPECT_EQ(PixelsOf(fb), std::vector<DWORD>(900));
+    }
+}
+
+// The layers one by one through the public operations, stacked by hand.
+void PlainRender(CKVFrameBuffer& fb, const tagKVBWDRAWINFO& info, const CKVMonoBitmap& mask) {
+    CKVBwDraw draw;
+    CKVGrayBitmap body, edge, shadow;
+    CKVFrameBuffer bodyLayer, edgeLayer, shadowLayer;
+    draw.MakeAntiGray(info.AntiScale, &mask, &body);
+    draw.MakeFb_Color(&body, &bodyLayer, &info.BodyCol);
+    const LONG e = info.EdgeType_Size;
+    const LONG s = info.ShadType_Size;
+    draw.MakeEdge(info.EdgeType_Type, e, 0, &body, &edge);
+    draw.MakeFb_Color(&edge, &edgeLayer, &info.EdgeCol);
+    draw.MakeShadow(info.ShadType_Type, s, info.ShadType_SoftSize, 0, e > 0 ? &edge : &body,
+                    &shadow);
+    draw.MakeFb_Color(&shadow, &shadowLayer, &info.ShadCol);
+    const auto stack = [&](const CKVFrameBuffer& layer, const CKVGrayBitmap& gray, LONG by) {
+        const CSize size = layer.GetWH();
+        const LONG x = info.Pos_X + by;
+        const LONG y = info.Pos_Y + by;
+        if (info.ShadType_SoftPen != 0) {
+            fb.FbCopyMask(&layer, &gray, 0, 0, size.cx, size.cy, x, y, nullptr);
+        } else {
+            fb.FbCopy(&layer, 0, 0, size.cx, size.cy, x, y, 1, nullptr);
+        }
+    };
+    if (s != 0) {
+        stack(shadowLayer, shadow, info.ShadType_Type == 1 && s > 0 ? -e : s - e);
+    }
+    if (e > 0) {
+        stack(edgeLayer, edge, -e);
+    }
+    stack(bodyLayer, body, 0);
+}
+
+TEST(Render, StacksShadowEdgeBody) {
+    std::mt19937 random(7);
+    CKVMonoBitmap mask;
+    const LONG distances[] = {-6, 0, 5};
+    for (int round = 0; round < 200; ++round) {
+        MakeMask(mask, static_cast<LONG>(1 + random() % 150), static_cast<LONG>(1 + random() % 90));
+        for (DWORD i = 0; i < mask.Size; ++i) {
+            mask.Bits[i] = static_cast<BYTE>(random() & random());
+        }
+        tagKVBWDRAWINFO info = Record(static_cast<LONG>(random() % 40) - 10, 4);
+        info.AntiScale = 1 << (round % 4 == 0 ? 0 : round % 4 + 1);
+        Apply({static_cast<LONG>(random() % 4), 0, static_cast<LONG>(random() % 4),
+               distances[random() % 3], static_cast<LONG>(random() % 5)},
+              info);
+        info.EdgeType_Type = static_cast<LONG>(random() % 2);
+        info.ShadType_SoftPen = static_cast<LONG>(random() % 2);
+        info.BodyCol = static_cast<DWORD>(random());
+        CKVFrameBuffer plain(60, 50, 1);
+        for (DWORD i = 0; i < 3000; ++i) {
+            plain.GetBufferDWord()[i] = random() % 2 != 0 ? static_cast<DWORD>(random()) : 0;
+        }
+        CKVFrameBuffer fb(plain);
+        PlainRender(plain, info, mask);
+        CBox box;
+        ASSERT_EQ(CKVBwDraw().DispFb(&fb, &info, &mask, &box), 0);
+        ASSERT_EQ(PixelsOf(fb), PixelsOf(plain)) << "round " << round;
+
+        // The area render is the same picture by itself.
+        CBox area, body, edge, shadow;
+        CKVFrameBuffer alone;
+        ASSERT_EQ(CKVBwDraw().SetFb(&alone, &info, &mask, area, body, edge, shadow), 0);
+        CKVFrameBuffer scene(area.width + 100, area.height + 100, 1);
+        CKVFrameBuffer expected(area.width + 100, area.height + 100, 1);
+        scene.FbCopy(&alone, 0, 0, area.width, area.height, 50, 50, 0, nullptr);
+        info.Pos_X = 50 + body.x;
+        info.Pos_Y = 50 + body.y;
+        PlainRender(expected, info, mask);
+        ASSERT_EQ(PixelsOf(scene), PixelsOf(expected)) << "round " << round;
+    }
+}
+
+// Records as a damaged file might hold them. Nothing to expect but a result and memory left whole.
+TEST(Render, AnyRecordIsSafe) {
+    std::mt19937 random(8);
+    const LONG odd[] = {0, 1, -1, 3, 16, 40, -7, 100000, kMost, kLeast, kMost - 3, 1 << 30};
+    const auto any = [&](LONG usual) {
+        return random() % 3 != 0 ? usual : odd[random() % std::size(odd)];
+    };
+    CKVMonoBitmap mask;
+    MakeMask(mask, 70, 33);
+    for (int round = 0; round < 4000; ++round) {
+        tagKVBWDRAWINFO info = Record(any(5), any(7));
+        Apply({any(2), any(0), any(round % 3), any(4), any(3)}, info);
+        info.AntiScale = any(4);
+        info.EdgeType_Type = any(0);
+        info.EdgeType_SoftPen = any(0);
+        info.ShadType_SoftPen = any(0);
+        info.BodyMode = any(0);
+        info.ShadMode = any(0);
+        CKVFrameBuffer fb(20, 20, 1);
+        CBox box, body, edge, shadow;
+        const int shown = CKVBwDraw().DispFb(&fb, &info, &mask, &box);
+        const int set = CKVBwDraw().SetFb(&fb, &info, &mask, box, body, edge, shadow);
+        ASSERT_EQ(shown, set);
+        ASSERT_TRUE(shown == 0 || shown == -1);
+    }
+}
+
+}  // namespace
