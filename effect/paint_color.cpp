@@ -1,3 +1,5 @@
+#include <type_traits>
+
 #include <CKVBwDraw.h>
 #include <CKVFrameBuffer.h>
 #include <CKVGrayBitmap.h>
@@ -8,44 +10,59 @@ namespace {
 
 // key = colour key * coverage / 255. For x = product + 1 up to 255 * 255 + 1 the quotient is
 // x * 257 / 65536, in 16 bits (x + x / 256) / 256. Where the coverage is 0 the whole pixel is.
-KV_FORCE_INLINE void PaintBlock(const BYTE* coverage, DWORD colour, DWORD* pixels) {
-    BYTE bytes __attribute__((vector_size(16)));
-    kv::Load(bytes, coverage);
-    const auto level = __builtin_convertvector(bytes, kv::Words16);
-    const kv::Words16 next = level * static_cast<WORD>(colour >> 24) + 1;
-    const kv::Words16 key = (next + (next >> 8)) >> 8;
-    const kv::Words16 covered = reinterpret_cast<kv::Words16>(level != 0);
-    const kv::Words16 low = covered & static_cast<WORD>(colour);
-    const kv::Words16 high = covered & (key << 8 | static_cast<WORD>(colour >> 16 & 0xFF));
-    kv::Store(pixels, kv::Words16(__builtin_shufflevector(low, high, 0, 16, 1, 17, 2, 18, 3, 19, 4,
-                                                          20, 5, 21, 6, 22, 7, 23)));
-    kv::Store(pixels + 8, kv::Words16(__builtin_shufflevector(low, high, 8, 24, 9, 25, 10, 26, 11,
-                                                              27, 12, 28, 13, 29, 14, 30, 15, 31)));
+template <class Words>
+KV_FORCE_INLINE void StoreInterleaved(DWORD* to, const Words& low, const Words& high) {
+    constexpr std::size_t kHalf = sizeof(Words) / sizeof(DWORD);
+    if constexpr (std::is_same_v<Words, kv::Words16>) {
+        kv::Store(to, Words(__builtin_shufflevector(low, high, 0, 16, 1, 17, 2, 18, 3, 19, 4, 20, 5,
+                                                    21, 6, 22, 7, 23)));
+        kv::Store(to + kHalf, Words(__builtin_shufflevector(low, high, 8, 24, 9, 25, 10, 26, 11, 27,
+                                                            12, 28, 13, 29, 14, 30, 15, 31)));
+    } else {
+        kv::Store(to, Words(__builtin_shufflevector(low, high, 0, 8, 1, 9, 2, 10, 3, 11)));
+        kv::Store(to + kHalf,
+                  Words(__builtin_shufflevector(low, high, 4, 12, 5, 13, 6, 14, 7, 15)));
+    }
 }
 
+template <class Words>
+KV_FORCE_INLINE void PaintBlock(const BYTE* coverage, DWORD colour, DWORD* pixels) {
+    BYTE bytes __attribute__((vector_size(sizeof(Words) / 2)));
+    kv::Load(bytes, coverage);
+    const auto level = __builtin_convertvector(bytes, Words);
+    const Words next = level * static_cast<WORD>(colour >> 24) + 1;
+    const Words key = (next + (next >> 8)) >> 8;
+    const Words covered = reinterpret_cast<Words>(level != 0);
+    const Words low = covered & static_cast<WORD>(colour);
+    const Words high = covered & (key << 8 | static_cast<WORD>(colour >> 16 & 0xFF));
+    StoreInterleaved(pixels, low, high);
+}
+
+// Words is as wide as the level's registers, since comparisons and shuffles are in it.
+template <class Words>
 KV_FORCE_INLINE void PaintBody(const BYTE* coverage, std::size_t count, DWORD colour,
                                DWORD* pixels) {
-    constexpr std::size_t kBlock = 16;
+    constexpr std::size_t kBlock = sizeof(Words) / sizeof(WORD);
     std::size_t at = 0;
     for (; at + kBlock <= count; at += kBlock) {
-        PaintBlock(coverage + at, colour, pixels + at);
+        PaintBlock<Words>(coverage + at, colour, pixels + at);
     }
     if (at < count) {
         BYTE rest[kBlock] = {};
         DWORD painted[kBlock];
         std::memcpy(rest, coverage + at, count - at);
-        PaintBlock(rest, colour, painted);
+        PaintBlock<Words>(rest, colour, painted);
         std::memcpy(pixels + at, painted, (count - at) * sizeof(DWORD));
     }
 }
 
 void PaintPlain(const BYTE* coverage, std::size_t count, DWORD colour, DWORD* pixels) {
-    PaintBody(coverage, count, colour, pixels);
+    PaintBody<kv::Words8>(coverage, count, colour, pixels);
 }
 
 KV_TARGET_AVX2 void PaintAvx2(const BYTE* coverage, std::size_t count, DWORD colour,
                               DWORD* pixels) {
-    PaintBody(coverage, count, colour, pixels);
+    PaintBody<kv::Words16>(coverage, count, colour, pixels);
 }
 
 }  // namespace

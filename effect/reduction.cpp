@@ -51,6 +51,20 @@ KV_FORCE_INLINE void CountEightRows(const BYTE* mask, std::size_t pitch, Bytes32
     count = (low & 0x0F) + (low >> 4) + (((high & 0x0F) + (high >> 4)) << 1);
 }
 
+// One byte of even, one of odd, and so on.
+KV_FORCE_INLINE void StoreInterleaved(BYTE* to, const Bytes32& even, const Bytes32& odd) {
+    for (std::size_t half = 0; half < 2; ++half, to += kBlock) {
+        Bytes16 first, second;
+        Load(first, reinterpret_cast<const BYTE*>(&even) + half * sizeof(Bytes16));
+        Load(second, reinterpret_cast<const BYTE*>(&odd) + half * sizeof(Bytes16));
+        Store(to, Bytes16(__builtin_shufflevector(first, second, 0, 16, 1, 17, 2, 18, 3, 19, 4, 20,
+                                                  5, 21, 6, 22, 7, 23)));
+        Store(to + sizeof(Bytes16),
+              Bytes16(__builtin_shufflevector(first, second, 8, 24, 9, 25, 10, 26, 11, 27, 12, 28,
+                                              13, 29, 14, 30, 15, 31)));
+    }
+}
+
 // Each reduction turns one vector from every row into its pixels. The last term takes a full
 // block's 256 back to 255; in bytes 256 has wrapped to 0 by then.
 
@@ -69,13 +83,7 @@ struct Scale4 {
         const Bytes32 right = (upper & 0x0F) + (lower & 0x0F);
         const Bytes32 even = (left << 4) - (left >> 4);
         const Bytes32 odd = (right << 4) - (right >> 4);
-        Store(coverage, Bytes32(__builtin_shufflevector(
-                            even, odd, 0, 32, 1, 33, 2, 34, 3, 35, 4, 36, 5, 37, 6, 38, 7, 39, 8,
-                            40, 9, 41, 10, 42, 11, 43, 12, 44, 13, 45, 14, 46, 15, 47)));
-        Store(coverage + kBlock,
-              Bytes32(__builtin_shufflevector(even, odd, 16, 48, 17, 49, 18, 50, 19, 51, 20, 52, 21,
-                                              53, 22, 54, 23, 55, 24, 56, 25, 57, 26, 58, 27, 59,
-                                              28, 60, 29, 61, 30, 62, 31, 63)));
+        StoreInterleaved(coverage, even, odd);
     }
 };
 
@@ -99,7 +107,6 @@ struct Scale16 {
         const Words16 pairs = reinterpret_cast<Words16>(Bytes32(upper + lower));
         Words16 count = (pairs & 0xFF) + (pairs >> 8);
         count -= count >> 8;
-        using Bytes16 = BYTE __attribute__((vector_size(16)));
         const Bytes16 pixels = __builtin_convertvector(count, Bytes16);
         std::memcpy(coverage, &pixels, sizeof(pixels));
     }

@@ -8,17 +8,21 @@
 namespace kv {
 namespace {
 
-constexpr std::size_t kBlock = 32;  // target columns at once, two vectors
-constexpr int kStride = 4;          // columns looked at between two tests for an early stop
+// Target columns at once: two vectors, as many as one has bytes.
+template <class Shorts>
+constexpr std::size_t kBlock = sizeof(Shorts);
+constexpr std::size_t kLargestBlock = kBlock<Shorts16>;
+
+constexpr int kStride = 4;  // columns looked at between two tests for an early stop
 
 // A block reads this far past the radius on both sides of its columns.
 constexpr std::size_t Pad(int radius) {
     return static_cast<std::size_t>(2 * radius + kStride);
 }
 
-KV_FORCE_INLINE void KeepNearer(Shorts16& nearest, const std::int16_t* squares,
-                                std::int16_t along) {
-    Shorts16 square;
+template <class Shorts>
+KV_FORCE_INLINE void KeepNearer(Shorts& nearest, const std::int16_t* squares, std::int16_t along) {
+    Shorts square;
     Load(square, squares);
     square += along;
     KeepMin(nearest, square);
@@ -26,22 +30,26 @@ KV_FORCE_INLINE void KeepNearer(Shorts16& nearest, const std::int16_t* squares,
 
 // The least square over the columns, for the two vectors at centre. Columns further out than the
 // worst of them cannot help any more.
-KV_FORCE_INLINE void Nearest(const std::int16_t* centre, int radius, Shorts16& left,
-                             Shorts16& right) {
+template <class Shorts>
+KV_FORCE_INLINE void Nearest(const std::int16_t* centre, int radius, Shorts& left, Shorts& right) {
+    constexpr std::size_t kHalf = kBlock<Shorts> / 2;
     Load(left, centre);
-    Load(right, centre + kBlock / 2);
+    Load(right, centre + kHalf);
     for (int column = 1; column < radius;) {
         const auto least = static_cast<std::int16_t>(column * column);
-        const Shorts16 open = (left > least) | (right > least);
-        if (!AnyBit(open)) {
+        const Shorts limit = Shorts{} + least;
+        Shorts worst = left;
+        KeepMax(worst, right);
+        KeepMax(worst, limit);
+        if (Equal(worst, limit)) {
             return;
         }
         for (int step = 0; step < kStride; ++step, ++column) {
             const auto along = static_cast<std::int16_t>(column * column);
             KeepNearer(left, centre - column, along);
             KeepNearer(left, centre + column, along);
-            KeepNearer(right, centre + kBlock / 2 - column, along);
-            KeepNearer(right, centre + kBlock / 2 + column, along);
+            KeepNearer(right, centre + kHalf - column, along);
+            KeepNearer(right, centre + kHalf + column, along);
         }
     }
 }
@@ -55,49 +63,63 @@ struct Row {
     std::size_t end;
 };
 
-KV_FORCE_INLINE void StoreValues(const Shorts16& left, const Shorts16& right, const Row& row,
+template <class Shorts>
+KV_FORCE_INLINE void StoreValues(const Shorts& left, const Shorts& right, const Row& row,
                                  BYTE* target, std::size_t count) {
-    const Shorts16 apart = left | right;
+    const Shorts apart = left | right;
     if (!AnyBit(apart)) {
         std::memset(target, 255, count);
         return;
     }
-    const Shorts16 reached = (left < row.outside) | (right < row.outside);
-    if (!AnyBit(reached)) {
+    Shorts best = left;
+    KeepMin(best, right);
+    if (Equal(best, Shorts{} + row.outside)) {
         return;
     }
-    std::int16_t squares[kBlock];
+    constexpr std::size_t kColumns = kBlock<Shorts>;
+    std::int16_t squares[kColumns];
     Store(squares, left);
-    Store(squares + kBlock / 2, right);
+    Store(squares + kColumns / 2, right);
+    BYTE values[kColumns];
+    for (std::size_t i = 0; i < kColumns; ++i) {
+        values[i] = row.values[squares[i]];
+    }
     for (std::size_t i = 0; i < count; ++i) {
-        target[i] = std::max(target[i], row.values[squares[i]]);
+        target[i] = std::max(target[i], values[i]);
     }
 }
 
+template <class Shorts>
 KV_FORCE_INLINE void AddBody(const Row& row, BYTE* target) {
-    for (std::size_t x = row.begin; x < row.end; x += kBlock) {
-        Shorts16 left, right;
+    constexpr std::size_t kColumns = kBlock<Shorts>;
+    std::size_t x = row.begin;
+    for (; x + kColumns <= row.end; x += kColumns) {
+        Shorts left, right;
         Nearest(row.squares + x, row.radius, left, right);
-        StoreValues(left, right, row, target + x, std::min(kBlock, row.end - x));
+        StoreValues(left, right, row, target + x, kColumns);
+    }
+    if (x < row.end) {
+        Shorts left, right;
+        Nearest(row.squares + x, row.radius, left, right);
+        StoreValues(left, right, row, target + x, row.end - x);
     }
 }
 
 void AddPlain(const Row& row, BYTE* target) {
-    AddBody(row, target);
+    AddBody<Shorts8>(row, target);
 }
 
 KV_TARGET_AVX2 void AddAvx2(const Row& row, BYTE* target) {
-    AddBody(row, target);
+    AddBody<Shorts16>(row, target);
 }
 
 // The columns before the first one that is nearer than the radius.
 std::size_t LeadingFar(const BYTE* vertical, std::size_t width, int radius) {
     std::size_t x = 0;
-    for (; x + kBlock <= width; x += kBlock) {
+    for (; x + sizeof(Bytes32) <= width; x += sizeof(Bytes32)) {
         Bytes32 distances;
         Load(distances, vertical + x);
-        distances ^= static_cast<BYTE>(radius);
-        if (AnyBit(distances)) {
+        if (!Equal(distances, Bytes32{} + static_cast<BYTE>(radius))) {
             break;
         }
     }
@@ -113,7 +135,7 @@ bool NearSoftRows::Prepare(int radius, std::size_t width) {
     radius_ = radius;
     width_ = width;
     const int outside = radius * radius;
-    const std::size_t padded = width + 2 * Pad(radius) + kBlock;
+    const std::size_t padded = width + 2 * Pad(radius) + kLargestBlock;
     values_ = Scratch<BYTE>(static_cast<std::size_t>(outside) + 1);
     squares_ = Scratch<std::int16_t>(padded);
     if (values_ == nullptr || squares_ == nullptr) {

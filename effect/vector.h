@@ -1,21 +1,27 @@
 #pragma once
 
 #include <cstring>
+#include <type_traits>
 
 #include <platform/types.h>
 
 #include "base/cpu.h"
 
-// Vectors for the coverage kernels, in the compilers' generic form. 32 bytes each: one register of
-// the higher level, two of the baseline. They are passed by reference only, since the two levels
-// pass values differently.
+// Vectors for the coverage kernels, in the compilers' generic form. Most kernels use 32 bytes: one
+// register of the higher level, two of the baseline. Those with comparisons, shuffles or many live
+// values take the level's own width, since such wide forms are taken apart where registers are
+// narrower. Vectors are passed by reference only: the two levels pass values differently.
 
 namespace kv {
 
 using Bytes32 = BYTE __attribute__((vector_size(32)));
-using Words16 = std::uint16_t __attribute__((vector_size(32)));
-using Shorts16 = std::int16_t __attribute__((vector_size(32)));
+using Bytes16 = BYTE __attribute__((vector_size(16)));
+using Quads2 = std::uint64_t __attribute__((vector_size(16)));
 using Quads4 = std::uint64_t __attribute__((vector_size(32)));
+using Words8 = std::uint16_t __attribute__((vector_size(16)));
+using Words16 = std::uint16_t __attribute__((vector_size(32)));
+using Shorts8 = std::int16_t __attribute__((vector_size(16)));
+using Shorts16 = std::int16_t __attribute__((vector_size(32)));
 
 template <class Vector>
 KV_FORCE_INLINE void Load(Vector& vector, const void* from) {
@@ -40,8 +46,19 @@ KV_FORCE_INLINE void KeepMin(Vector& kept, const Vector& other) {
 /// True if any bit of the vector is set.
 template <class Vector>
 KV_FORCE_INLINE bool AnyBit(const Vector& vector) {
-    const Quads4 quads = reinterpret_cast<Quads4>(vector);
-    return (quads[0] | quads[1] | quads[2] | quads[3]) != 0;
+    using Quads = std::conditional_t<sizeof(Vector) == sizeof(Quads4), Quads4, Quads2>;
+    const Quads quads = reinterpret_cast<Quads>(vector);
+    std::uint64_t bits = 0;
+    for (std::size_t i = 0; i < sizeof(Vector) / sizeof(std::uint64_t); ++i) {
+        bits |= quads[i];
+    }
+    return bits != 0;
+}
+
+template <class Vector>
+KV_FORCE_INLINE bool Equal(const Vector& a, const Vector& b) {
+    const Vector difference = a ^ b;
+    return !AnyBit(difference);
 }
 
 /// The kernel for the level in force.
