@@ -12,11 +12,10 @@ namespace {
 
 using effect_test::BytesOf;
 
-void ExpectBox(const CBox& box, LONG x, LONG y, LONG width, LONG height) {
-    EXPECT_EQ(box.x, x);
-    EXPECT_EQ(box.y, y);
-    EXPECT_EQ(box.width, width);
-    EXPECT_EQ(box.height, height);
+using Quad = std::vector<LONG>;
+
+Quad Of(const CBox& box) {
+    return {box.x, box.y, box.width, box.height};
 }
 
 TEST(Box, ClipsOneAxisAfterTheOther) {
@@ -35,7 +34,7 @@ TEST(Box, ClipsOneAxisAfterTheOther) {
     for (const Case& c : cases) {
         CBox box = c.box;
         EXPECT_EQ(box.ClipBox(100, 100), c.changed);
-        ExpectBox(box, c.clipped.x, c.clipped.y, c.clipped.width, c.clipped.height);
+        EXPECT_EQ(Of(box), Of(c.clipped));
         EXPECT_EQ(box.ChEria(), c.clipped.width >= 1 && c.clipped.height >= 1 ? 1 : 0);
     }
 }
@@ -43,24 +42,15 @@ TEST(Box, ClipsOneAxisAfterTheOther) {
 TEST(Box, JoinsAndConverts) {
     CBox box(0, 0, 10, 10);
     box.MaxBox(CBox(20, 20, 5, 5));
-    ExpectBox(box, 0, 0, 25, 25);
+    EXPECT_EQ(Of(box), (Quad{0, 0, 25, 25}));
     box.MaxBox(CBox(-4, 2, 0, 0));  // an empty box counts too
-    ExpectBox(box, -4, 0, 29, 25);
+    EXPECT_EQ(Of(box), (Quad{-4, 0, 29, 25}));
     box.SetBox(CRect(3, 4, 10, 30));
-    ExpectBox(box, 3, 4, 7, 26);
+    EXPECT_EQ(Of(box), (Quad{3, 4, 7, 26}));
     EXPECT_EQ(box.GetRect(), CRect(3, 4, 10, 30));
     EXPECT_EQ(box.BottomRight(), CPoint(10, 30));
-    ExpectBox(CBox(CPoint(1, 2), CSize(3, 4)), 1, 2, 3, 4);
-    ExpectBox(CBox(CPoint(1, 2), CPoint(3, 4)), 1, 2, 2, 2);
-}
-
-template <class Bitmap>
-void ExpectCreated(LONG width, LONG height, DWORD pitch) {
-    Bitmap bitmap;
-    EXPECT_EQ(bitmap.Create(width, height), 0);
-    EXPECT_EQ(bitmap.Pitch, pitch);
-    EXPECT_EQ(bitmap.Size, pitch * static_cast<DWORD>(height));
-    EXPECT_EQ(BytesOf(bitmap), std::vector<BYTE>(bitmap.Size));
+    EXPECT_EQ(Of(CBox(CPoint(1, 2), CSize(3, 4))), (Quad{1, 2, 3, 4}));
+    EXPECT_EQ(Of(CBox(CPoint(1, 2), CPoint(3, 4))), (Quad{1, 2, 2, 2}));
 }
 
 template <class Bitmap>
@@ -89,11 +79,16 @@ void ExpectLifecycle() {
 }
 
 TEST(MaskBitmaps, PitchAndLifecycle) {
-    ExpectCreated<CKVMonoBitmap>(1, 1, 2);
-    ExpectCreated<CKVMonoBitmap>(16, 1, 2);
-    ExpectCreated<CKVMonoBitmap>(17, 3, 4);
-    ExpectCreated<CKVGrayBitmap>(3, 5, 4);
-    ExpectCreated<CKVGrayBitmap>(4, 5, 4);
+    const LONG cases[][4] = {
+        {1, 1, 2, 2}, {16, 1, 2, 16}, {17, 3, 4, 18}, {3, 5, 2, 4}, {4, 5, 2, 4}};
+    for (const auto& [width, height, monoPitch, grayPitch] : cases) {
+        CKVMonoBitmap mono;
+        CKVGrayBitmap gray;
+        EXPECT_EQ(mono.Create(width, height) + gray.Create(width, height), 0);
+        EXPECT_EQ(mono.Pitch, static_cast<DWORD>(monoPitch));
+        EXPECT_EQ(gray.Pitch, static_cast<DWORD>(grayPitch));
+        EXPECT_EQ(BytesOf(gray), std::vector<BYTE>(static_cast<std::size_t>(grayPitch * height)));
+    }
     ExpectLifecycle<CKVMonoBitmap>();
     ExpectLifecycle<CKVGrayBitmap>();
 }

@@ -1,4 +1,3 @@
-#include <functional>
 #include <limits>
 
 #include <CKVBwDraw.h>
@@ -41,8 +40,6 @@ void MakeMask(CKVMonoBitmap& mask, LONG width = 80, LONG height = 40) {
     mask.Create(width, height);
     std::fill_n(mask.Bits, mask.Size, BYTE{255});
 }
-
-using Change = std::function<void(tagKVBWDRAWINFO&)>;
 
 struct Shape {
     LONG edgeSize, edgeMode, shadowType, shadowSize, softSize;
@@ -145,16 +142,14 @@ TEST(Render, ReportsWhatItTouched) {
 }
 
 TEST(Render, FailuresLeaveTheTarget) {
-    const Change changes[] = {
-        [](auto& info) { info.AntiScale = 2; }, [](auto& info) { info.AntiScale = 0; },
-        [](auto& info) { info.AntiScale = -16; }, [](auto& info) { info.BodyMode = 3; },
-        [](auto& info) { info.BodyMode = -1; }};
+    const LONG scalesAndModes[][2] = {{2, 0}, {0, 0}, {-16, 0}, {4, 3}, {4, -1}};
     CKVMonoBitmap mask;
     MakeMask(mask);
-    for (const Change& change : changes) {
+    for (const auto& [scale, bodyMode] : scalesAndModes) {
         tagKVBWDRAWINFO info = Record(0, 0);
         Apply({2, 0, 0, 5, 0}, info);
-        change(info);
+        info.AntiScale = scale;
+        info.BodyMode = bodyMode;
         CKVFrameBuffer fb(30, 30, 1);
         CBox box(1, 2, 3, 4), body(box), edge(box), shadow(box);
         EXPECT_EQ(CKVBwDraw().DispFb(&fb, &info, &mask, &box), -1);
