@@ -7,7 +7,7 @@ namespace {
 
 // The rounded root, by halves upwards.
 std::int64_t RoundedRoot(std::int64_t value) {
-    return static_cast<std::int64_t>(std::sqrt(static_cast<double>(value)) + 0.5);
+    return static_cast<std::int64_t>(std::floor(std::sqrt(static_cast<double>(value)) + 0.5));
 }
 
 }  // namespace

@@ -17,7 +17,7 @@ constexpr int kStride = 4;  // columns looked at between two tests for an early 
 
 // A block reads this far past the radius on both sides of its columns.
 constexpr std::size_t Pad(int radius) {
-    return static_cast<std::size_t>(2 * radius + kStride);
+    return 2 * static_cast<std::size_t>(radius) + kStride;
 }
 
 template <class Shorts>

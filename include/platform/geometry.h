@@ -24,8 +24,11 @@ struct tagRECT {
 
 class CPoint : public tagPOINT {
   public:
-    constexpr CPoint() : tagPOINT{0, 0} {}
-    constexpr CPoint(LONG px, LONG py) : tagPOINT{px, py} {}
+    constexpr CPoint() : tagPOINT() {}
+    constexpr CPoint(LONG px, LONG py) : tagPOINT() {
+        x = px;
+        y = py;
+    }
     constexpr CPoint(const tagPOINT& point) : tagPOINT(point) {}
 
     friend constexpr bool operator==(const CPoint& a, const CPoint& b) {
@@ -35,8 +38,11 @@ class CPoint : public tagPOINT {
 
 class CSize : public tagSIZE {
   public:
-    constexpr CSize() : tagSIZE{0, 0} {}
-    constexpr CSize(LONG width, LONG height) : tagSIZE{width, height} {}
+    constexpr CSize() : tagSIZE() {}
+    constexpr CSize(LONG width, LONG height) : tagSIZE() {
+        cx = width;
+        cy = height;
+    }
     constexpr CSize(const tagSIZE& size) : tagSIZE(size) {}
 
     friend constexpr bool operator==(const CSize& a, const CSize& b) {

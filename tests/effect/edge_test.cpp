@@ -17,7 +17,7 @@ void Keep(BYTE& kept, int value) {
 }
 
 int Rounded(int square) {
-    return static_cast<int>(std::sqrt(static_cast<double>(square)) + 0.5);
+    return static_cast<int>(std::floor(std::sqrt(static_cast<double>(square)) + 0.5));
 }
 
 // The disc as it is told, inset by inset.
@@ -256,11 +256,11 @@ TEST(Brush, FallsFromTheFlatMiddle) {
                  {3, 3, {0, 0, 0}},
                  {7, 3, {0, 128, 255, 255, 255, 128, 0}}};
     for (const auto& c : cases) {
-        std::vector<BYTE> table(static_cast<std::size_t>(c.size * c.size) + 1, 170);
+        const auto size = static_cast<std::size_t>(c.size);
+        std::vector<BYTE> table(size * size + 1, 170);
         EXPECT_EQ(CKVBwDraw().FilterBlush(table.data(), c.size, c.pen), 0);
-        for (int x = 0; x < c.size; ++x) {
-            const auto at = static_cast<std::size_t>(c.size / 2 * c.size + x);
-            EXPECT_EQ(table[at], c.middleRow[static_cast<std::size_t>(x)]) << c.pen << ": " << x;
+        for (std::size_t x = 0; x < size; ++x) {
+            EXPECT_EQ(table[size / 2 * size + x], c.middleRow[x]) << c.pen << ": " << x;
         }
         EXPECT_EQ(table[0], 0);
         EXPECT_EQ(table.back(), 170);

@@ -8,8 +8,6 @@
 
 namespace {
 
-using effect_test::At;
-
 constexpr LONG kMost = std::numeric_limits<LONG>::max();
 constexpr LONG kLeast = std::numeric_limits<LONG>::min();
 
@@ -201,7 +199,8 @@ TEST(Render, StacksShadowEdgeBody) {
     for (int round = 0; round < 200; ++round) {
         MakeMask(mask, static_cast<LONG>(1 + random() % 150), static_cast<LONG>(1 + random() % 90));
         for (DWORD i = 0; i < mask.Size; ++i) {
-            mask.Bits[i] = static_cast<BYTE>(random() & random());
+            const auto bits = random();
+            mask.Bits[i] = static_cast<BYTE>(bits & bits >> 8);
         }
         tagKVBWDRAWINFO info = Record(static_cast<LONG>(random() % 40) - 10, 4);
         info.AntiScale = 1 << (round % 4 == 0 ? 0 : round % 4 + 1);
