@@ -29,7 +29,8 @@ void BitSink::Row(std::int32_t row, std::span<const Run> runs) {
     constexpr std::int32_t kAhead = 4;
     const std::int32_t target = row + m_Y;
     std::uint8_t* const bits = m_Surface.Row(target);
-    const std::size_t ahead = target < m_Surface.Height() - kAhead ? kAhead * m_Surface.Stride() : 0;
+    const std::size_t ahead =
+        target < m_Surface.Height() - kAhead ? kAhead * m_Surface.Stride() : 0;
     for (const Run& run : runs) {
         const auto begin = static_cast<std::uint32_t>(run.begin + m_X);
         const auto end = static_cast<std::uint32_t>(run.end + m_X);

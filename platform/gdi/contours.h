@@ -16,7 +16,8 @@ struct FixedPoint {
     std::int64_t y;
 };
 
-/// Closed polygons: contour i runs from point ends[i - 1] (0 for the first) to ends[i] - 1 and back.
+/// Closed polygons: contour i runs from point ends[i - 1] (0 for the first) to ends[i] - 1 and
+/// back.
 struct Contours {
     std::vector<FixedPoint> points;
     std::vector<std::size_t> ends;
