@@ -12,6 +12,11 @@
 #define KV_TARGET_AVX2
 #endif
 
+#include <bit>
+
+// Pixels are bytes in files and words in kernels.
+static_assert(std::endian::native == std::endian::little);
+
 #define KV_FORCE_INLINE inline __attribute__((always_inline))
 
 namespace kv {

@@ -2,8 +2,7 @@
 
 #include <platform/types.h>
 
-// Sums of coordinates wrap at 32 bits where the rules rest on it, and where a record may hold
-// anything: the result is then far outside every picture, but defined.
+// Sums of coordinates that wrap at 32 bits: the corners of boxes rest on it.
 
 namespace kv {
 

@@ -2,6 +2,7 @@
 
 #include <CBox.h>
 
+#include "base/narrow.h"
 #include "base/wrap.h"
 
 using kv::WrapAdd;
@@ -13,14 +14,13 @@ namespace {
 bool ClipAxis(LONG& start, LONG& length, LONG limit) {
     const LONG oldStart = start;
     const LONG oldLength = length;
+    std::int64_t clipped = length;
     if (start < 0) {
-        length = WrapAdd(length, start);
+        clipped += start;
         start = 0;
     }
-    if (std::int64_t{start} + length > limit) {
-        length = WrapSub(limit, start);
-    }
-    length = std::max(length, 0);
+    clipped = std::min(clipped, std::int64_t{limit} - start);
+    length = kv::SaturateToInt32(std::max<std::int64_t>(clipped, 0));
     return start != oldStart || length != oldLength;
 }
 

@@ -2,55 +2,73 @@
 
 #include <algorithm>
 
-#include "base/wrap.h"
+#include "base/narrow.h"
 
 namespace kv {
 namespace {
 
-CBox BoxOf(const Layer& layer, CPoint corner) {
-    return layer.made ? CBox(corner, layer.picture.GetWH()) : CBox();
-}
+// A layer along one axis. In 64 bits, since a record may move its shadow by any 32-bit distance;
+// what has no room in a box is cut to its range, and no surface of such a size can be made.
+struct Extent {
+    std::int64_t start = 0;
+    std::int64_t length = 0;
+};
 
-using Axis = LONG CBox::*;
+struct AxisExtents {
+    Extent body;
+    Extent edge;
+    Extent shadow;
 
-// Moves all boxes so that the one named starts at 0 or later.
-void RaiseToZero(Arrangement& arranged, CBox Arrangement::*named, Axis axis) {
-    const LONG start = (arranged.*named).*axis;
-    if (start < 0) {
-        for (CBox* box : {&arranged.body, &arranged.edge, &arranged.shadow}) {
-            box->*axis = WrapSub(box->*axis, start);
+    // Moves all so that the one named starts at 0 or later.
+    void RaiseToZero(const Extent& named) {
+        const std::int64_t shift = std::max<std::int64_t>(-named.start, 0);
+        for (Extent* extent : {&body, &edge, &shadow}) {
+            extent->start += shift;
         }
     }
+
+    std::int64_t FurthestEnd() const {
+        return std::max(
+            {body.start + body.length, edge.start + edge.length, shadow.start + shadow.length});
+    }
+};
+
+// The axis of the lengths given; a layer of no length was not made.
+AxisExtents ArrangeAxis(const tagKVBWDRAWINFO& info, LONG body, LONG edge, LONG shadow) {
+    AxisExtents axis;
+    axis.body.length = body;
+    axis.edge = edge > 0 ? Extent{EdgeOffset(info), edge} : Extent{};
+    axis.shadow = shadow > 0 ? Extent{ShadowOffset(info), shadow} : Extent{};
+    axis.RaiseToZero(axis.shadow);
+    axis.RaiseToZero(axis.edge);
+    // Layers that were not made have been moved along.
+    for (Extent* extent : {&axis.edge, &axis.shadow}) {
+        if (extent->length == 0) {
+            extent->start = 0;
+        }
+    }
+    return axis;
 }
 
-LONG FurthestEnd(const Arrangement& arranged, Axis start, Axis length) {
-    LONG furthest = 0;
-    for (const CBox* box : {&arranged.body, &arranged.edge, &arranged.shadow}) {
-        furthest = std::max(furthest, WrapAdd(box->*start, box->*length));
-    }
-    return furthest;
+CBox BoxOf(const Extent& x, const Extent& y) {
+    return {SaturateToInt32(x.start), SaturateToInt32(y.start), SaturateToInt32(x.length),
+            SaturateToInt32(y.length)};
 }
 
 }  // namespace
 
 Arrangement Arrange(const tagKVBWDRAWINFO& info, const Layers& layers) {
+    const CSize body = layers.body.picture.GetWH();
+    const CSize edge = layers.edge.made ? layers.edge.picture.GetWH() : CSize();
+    const CSize shadow = layers.shadow.made ? layers.shadow.picture.GetWH() : CSize();
+    const AxisExtents x = ArrangeAxis(info, body.cx, edge.cx, shadow.cx);
+    const AxisExtents y = ArrangeAxis(info, body.cy, edge.cy, shadow.cy);
     Arrangement arranged;
-    arranged.shadow = BoxOf(layers.shadow, ShadowOffset(info));
-    arranged.edge = BoxOf(layers.edge, EdgeOffset(info));
-    arranged.body = CBox(CPoint(0, 0), layers.body.picture.GetWH());
-    for (CBox Arrangement::*const named : {&Arrangement::shadow, &Arrangement::edge}) {
-        RaiseToZero(arranged, named, &CBox::x);
-        RaiseToZero(arranged, named, &CBox::y);
-    }
-    // Layers that were not made have been moved along.
-    for (CBox* box : {&arranged.shadow, &arranged.edge}) {
-        if (box->ChEria() == 0) {
-            box->x = box->y = 0;
-        }
-    }
-    arranged.area = CBox(WrapSub(info.Pos_X, arranged.body.x), WrapSub(info.Pos_Y, arranged.body.y),
-                         FurthestEnd(arranged, &CBox::x, &CBox::width),
-                         FurthestEnd(arranged, &CBox::y, &CBox::height));
+    arranged.body = BoxOf(x.body, y.body);
+    arranged.edge = BoxOf(x.edge, y.edge);
+    arranged.shadow = BoxOf(x.shadow, y.shadow);
+    arranged.area = BoxOf({info.Pos_X - x.body.start, x.FurthestEnd()},
+                          {info.Pos_Y - y.body.start, y.FurthestEnd()});
     return arranged;
 }
 

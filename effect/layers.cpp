@@ -2,7 +2,6 @@
 
 #include <limits>
 
-#include "base/wrap.h"
 #include "effect/grown.h"
 #include "effect/shadow.h"
 
@@ -55,18 +54,16 @@ void MakeShadow(CKVBwDraw& draw, tagKVBWDRAWINFO& info, Layers& layers) {
 
 }  // namespace
 
-CPoint EdgeOffset(const tagKVBWDRAWINFO& info) {
-    const LONG offset = WrapSub(0, info.EdgeType_Size);
-    return {offset, offset};
+std::int64_t EdgeOffset(const tagKVBWDRAWINFO& info) {
+    return -std::int64_t{info.EdgeType_Size};
 }
 
 // An extrusion to the lower right starts at the shape. One to the upper left is moved by its whole
 // length, so that it ends there.
-CPoint ShadowOffset(const tagKVBWDRAWINFO& info) {
+std::int64_t ShadowOffset(const tagKVBWDRAWINFO& info) {
     const LONG size = info.ShadType_Size;
     const LONG distance = info.ShadType_Type == kExtrudedShadow && size >= 0 ? 0 : size;
-    const LONG offset = WrapSub(distance, info.EdgeType_Size);
-    return {offset, offset};
+    return std::int64_t{distance} - info.EdgeType_Size;
 }
 
 int MakeLayers(CKVBwDraw& draw, tagKVBWDRAWINFO& info, const CKVMonoBitmap& mask, Layers& layers) {

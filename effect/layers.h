@@ -21,9 +21,9 @@ struct Layers {
     Layer body;
 };
 
-/// Corner of a layer against the body's, by the record as stored, made or not.
-CPoint EdgeOffset(const tagKVBWDRAWINFO& info);
-CPoint ShadowOffset(const tagKVBWDRAWINFO& info);
+/// Where a layer's corner lies from the body's on both axes, by the record as stored, made or not.
+std::int64_t EdgeOffset(const tagKVBWDRAWINFO& info);
+std::int64_t ShadowOffset(const tagKVBWDRAWINFO& info);
 
 /// Reduces the mask and paints the body, then edge and shadow as far as they can be made. 0, or -1
 /// when there is no body.

@@ -8,8 +8,7 @@
 
 namespace {
 
-// key = colour key * coverage / 255. For x = product + 1 up to 255 * 255 + 1 the quotient is
-// x * 257 / 65536, in 16 bits (x + x / 256) / 256. Where the coverage is 0 the whole pixel is.
+// Pixels from their low and high words.
 template <class Words>
 KV_FORCE_INLINE void StoreInterleaved(DWORD* to, const Words& low, const Words& high) {
     constexpr std::size_t kHalf = sizeof(Words) / sizeof(DWORD);
@@ -25,6 +24,8 @@ KV_FORCE_INLINE void StoreInterleaved(DWORD* to, const Words& low, const Words& 
     }
 }
 
+// key = colour key * coverage / 255. For x = product + 1 up to 255 * 255 + 1 the quotient is
+// x * 257 / 65536, in 16 bits (x + x / 256) / 256. Where the coverage is 0 the whole pixel is.
 template <class Words>
 KV_FORCE_INLINE void PaintBlock(const BYTE* coverage, DWORD colour, DWORD* pixels) {
     BYTE bytes __attribute__((vector_size(sizeof(Words) / 2)));

@@ -2,7 +2,7 @@
 
 #include <CKVBwDraw.h>
 
-#include "base/wrap.h"
+#include "base/narrow.h"
 #include "effect/layers.h"
 
 int CKVBwDraw::DispFb(CKVFrameBuffer* pFb, tagKVBWDRAWINFO* pInfo, const CKVMonoBitmap* pMono,
@@ -21,17 +21,17 @@ int CKVBwDraw::DispFb(CKVFrameBuffer* pFb, tagKVBWDRAWINFO* pInfo, const CKVMono
     CBox touched(kMost, kMost, kLeast, kLeast);
     // A layer that falls outside the target leaves the box of the one before it.
     CBox last;
-    const auto place = [&](const kv::Layer& layer, CPoint offset) {
+    const auto place = [&](const kv::Layer& layer, std::int64_t offset) {
         if (layer.made) {
-            const CPoint corner(kv::WrapAdd(pInfo->Pos_X, offset.x),
-                                kv::WrapAdd(pInfo->Pos_Y, offset.y));
+            const CPoint corner(kv::SaturateToInt32(pInfo->Pos_X + offset),
+                                kv::SaturateToInt32(pInfo->Pos_Y + offset));
             kv::PlaceLayer(*pInfo, layer, *pFb, corner, &last);
             touched.MaxBox(last);
         }
     };
     place(layers.shadow, kv::ShadowOffset(*pInfo));
     place(layers.edge, kv::EdgeOffset(*pInfo));
-    place(layers.body, CPoint(0, 0));
+    place(layers.body, 0);
     *pBox = touched;
     return 0;
 }

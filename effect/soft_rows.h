@@ -14,10 +14,10 @@ inline BYTE SoftValue(std::int64_t squaredDistance, int radius) {
     return static_cast<BYTE>(255 * weight);
 }
 
-/// Turns rows of vertical distances into target rows. A row holds for each of `width` source
-/// columns the distance to its nearest source pixel above or below, at most the radius; the target
-/// row has 2 * radius more columns and keeps what is greater. The square of the true distance is
-/// the least of vertical * vertical + horizontal * horizontal over the columns.
+// NearSoftRows and FarSoftRows turn rows of vertical distances into target rows. A row holds for
+// each of `width` source columns the distance to its nearest source pixel above or below, at most
+// the radius; the target row has 2 * radius more columns and keeps what is greater. The square of
+// the true distance is the least of vertical * vertical + horizontal * horizontal over the columns.
 
 /// For radii up to kLargestRadius: squares fit 16 bits, a table holds the values.
 class NearSoftRows {

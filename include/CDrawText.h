@@ -58,12 +58,12 @@ class KVDRAW_API CDrawText : public CKVFont,
     /// The area in which alignment and fitting place the line.
     void SetEria(LONG width, LONG height);
     void SetEria(CSize size) { SetEria(size.cx, size.cy); }
-    /// 0 and 2 horizontal, 1 and 3 vertical.
+    /// 0 and 2 horizontal, 1 and 3 vertical (not drawn in this version).
     void SetDir(LONG dir);
     /// Enlargement, snapped to 1, 4, 8 or 16.
     void SetAntiScale(LONG scale);
     LONG GetAntiScale() const { return m_Font.BwDrawInfo.AntiScale; }
-    /// 0 none, 1 shrink to the area, 2 shrink or stretch.
+    /// 0 none, 1 shrink to the area, 2 shrink or stretch (1 and 2 not drawn in this version).
     void SetFitMode(LONG mode);
     /// Bounds of the character width in percent when a fit stretches and shrinks.
     void SetFitStrMax(LONG max, LONG min);

@@ -35,13 +35,15 @@ class KVDRAW_API CKVFont {
 
     /// Lays out one horizontal line at a fixed size. The mask is emptied and refilled, in enlarged
     /// pixels; *pos is its top left corner in final pixels; the continuation point goes to the
-    /// record. Always 0. An enlargement other than 1, 4, 8, 16 gives no mask, the record's own
-    /// position, and leaves the continuation; a mask that cannot be had stays empty.
+    /// record. Always 0. An enlargement other than 1, 4, 8, 16 gives no mask, Pos_X and Pos_Y, and
+    /// leaves the continuation; a mask that cannot be had stays empty.
     int NomDispBwBmpH(HWND window, tagKVFONTINFO* info, const char* text, CKVMonoBitmap* mask,
                       tagPOINT* pos);
 
     /// Draws a line into fb with all its effects; *box receives the touched rectangle. Always 0:
-    /// what cannot be drawn is left undrawn.
+    /// what cannot be drawn is left undrawn. Nothing is drawn, and the effect record keeps its
+    /// position, for a Dir outside 0 to 3; in this version also for Dir 1 and 3 and for a FitMode
+    /// other than 0.
     int FontFbDisp(HWND window, tagKVFONTINFO* info, const char* text, CKVFrameBuffer* fb,
                    CBox* box);
 

@@ -25,7 +25,7 @@
 class KVDRAW_API CKVFrameBuffer {
   public:
     void* m_Alloc = nullptr;       ///< the allocated block; null without a store
-    mutable LONG m_ReadCount = 0;  ///< shared holds now open; read it under a hold only
+    mutable LONG m_ReadCount = 0;  ///< shared holds now open; read it under the exclusive hold only
     mutable KVBufferLock m_BufferLock{m_ReadCount};
     BYTE* m_BufferByte = nullptr;    ///< first pixel, or null
     DWORD* m_BufferDWord = nullptr;  ///< the same address

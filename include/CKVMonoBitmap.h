@@ -3,7 +3,8 @@
 #include <KVBitmap.h>
 
 /// The one-bit mask, drawn enlarged: bit 7 of a byte is the leftmost of its eight pixels, a set bit
-/// is a covered pixel, and a row is a whole number of 16 pixels. Bits that pad a row are 0.
+/// is a covered pixel, and a row is a whole number of 16 pixels. Who draws the mask
+/// leaves the bits that pad a row 0: they are reduced like all others.
 class KVDRAW_API CKVMonoBitmap : public KVBitmap {
   public:
     CKVMonoBitmap() = default;

@@ -10,8 +10,7 @@
 ///
 /// Guarantees:
 /// - Shared holds pass one another. A waiting writer does not stop a reader that joins an open
-/// group
-///   of readers, so an unbroken chain of overlapping readers keeps writers waiting.
+///   group of readers, so an unbroken chain of overlapping readers keeps writers waiting.
 /// - The exclusive hold is alone: every request of another thread waits for its end, also while its
 ///   owner has shared holds beside it.
 /// - The owner of the exclusive hold may take it again and may take shared holds, whoever waits.
@@ -19,7 +18,9 @@
 ///   one. It gets it as soon as the shared holds of others are gone, ahead of waiting writers.
 /// - Once a group of readers has ended, a waiting writer goes before a new group; once a writer has
 ///   ended, waiting readers go before the next writer. Neither side can shut the other out.
-/// - The last reader out may be another thread than the first one in.
+/// - The last reader out may be another thread than the first one in. A hold that is released by
+///   another thread than its taker counts as one of those that joined: who opened the group and
+///   will ask for the exclusive hold must give back its own shared holds itself.
 /// - Unmatched releases do nothing.
 ///
 /// A reader that joined a group and did not open it must not ask for the exclusive hold while it

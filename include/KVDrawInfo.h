@@ -31,7 +31,7 @@ struct tagKVBWDRAWINFO {
     LONG EdgeType_SoftPen;    ///< stored; the soft edge does not depend on it
     LONG ShadType_Type;       ///< 0 flat, 1 3D, 2 soft; anything else acts as 0
     LONG ShadType_Size;       ///< diagonal distance on both axes, signed; 0: no shadow
-    LONG ShadType_SoftSize;   ///< radius of the soft shadow; negative: no shadow
+    LONG ShadType_SoftSize;   ///< radius of the soft shadow (type 2); negative: none
     LONG ShadType_SoftPen;    ///< non-zero: every layer goes in through its coverage
     LONG BodyMode;            ///< paint of the body: 0 colour, 1 gradient, 2 texture
     LONG EdgeMode;            ///< paint of the edge, same codes

@@ -73,8 +73,8 @@ class KVTextureAccess {
         Record().ShadText.File = Self().m_ShadFile;
     }
 
-    /// The start values of a drawing object's effect: a white body without edge or shadow, which
-    /// would be black. The position stays.
+    /// The start values of a drawing object's effect: a white body, no edge and no shadow,
+    /// which are black once they have a size. The position stays.
     void SetDefaultEffect() {
         constexpr DWORD kWhite = 0xFFFFFFFF;
         constexpr DWORD kBlack = 0xFF000000;

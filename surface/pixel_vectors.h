@@ -36,7 +36,7 @@ struct PlainLanes : PixelVectors<4> {
     U32 lowHalf = U32{} + 0xFFFF;
 
     static KV_FORCE_INLINE bool IsZero(const U32& pixels) {
-#if defined(__SSE2__)
+#if defined(__x86_64__)
         const __m128i zero = _mm_cmpeq_epi8(reinterpret_cast<__m128i>(pixels), __m128i{});
         return _mm_movemask_epi8(zero) == 0xFFFF;
 #else

@@ -4,6 +4,7 @@
 
 #include <CKVBwDraw.h>
 #include <CKVFont.h>
+#include <platform/exception.h>
 
 #include "text/horizontal_line.h"
 
@@ -23,6 +24,8 @@ int LayOut(HWND window, tagKVFONTINFO* info, const char* text, CKVMonoBitmap* ma
     try {
         Line(window, *info, text).Run(*mask, *pos);
     } catch (const std::bad_alloc&) {
+        mask->Delete();
+    } catch (const CMemoryException&) {
         mask->Delete();
     }
     return 0;

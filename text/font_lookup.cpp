@@ -1,8 +1,10 @@
 // Font lookup and the font list: both collect what an enumeration delivers into a global block.
 
 #include <cstring>
+#include <new>
 
 #include <CKVFont.h>
+#include <platform/exception.h>
 
 #include "platform/gdi/font_enum.h"
 
@@ -24,6 +26,18 @@ int CollectFont(const ENUMLOGFONTA* font, const NEWTEXTMETRICA* metric, DWORD ty
     return 1;
 }
 
+// False when memory ran out where the catalogue is built.
+bool Enumerate(HDC dc, const char* family, tagENUMER& list) {
+    try {
+        EnumFontFamiliesA(dc, family, CollectFont, reinterpret_cast<LPARAM>(&list));
+    } catch (const std::bad_alloc&) {
+        return false;
+    } catch (const CMemoryException&) {
+        return false;
+    }
+    return true;
+}
+
 // False, with a null handle, when there is no memory to collect into.
 bool Collect(HWND window, const char* family, tagENUMER& list) {
     list.Count = 0;
@@ -32,9 +46,12 @@ bool Collect(HWND window, const char* family, tagENUMER& list) {
         return false;
     }
     const HDC dc = GetDC(window);
-    EnumFontFamiliesA(dc, family, CollectFont, reinterpret_cast<LPARAM>(&list));
+    const bool whole = Enumerate(dc, family, list);
     ReleaseDC(window, dc);
-    return true;
+    if (!whole) {
+        list.Handle = GlobalFree(list.Handle);
+    }
+    return whole;
 }
 
 }  // namespace

@@ -5,15 +5,17 @@
 #include <CKVFont.h>
 
 #include "base/narrow.h"
-#include "text/face_name.h"
+#include "platform/gdi/font_name.h"
 
 namespace kv::text {
 
 void HorizontalLine::DescribeFont() {
-    const std::string name = UsableFaceName(m_Info.FontName, sizeof m_Info.FontName);
+    // The record's field may lack its terminator and hold more than a logical font does.
+    const std::size_t length = strnlen(m_Info.FontName, sizeof m_Info.FontName);
+    gdi::StoreName({m_Info.FontName, length}, m_Font.lfFaceName);
     // An unknown family leaves all zero but the name: the platform's substitute then draws.
-    std::memcpy(m_Font.lfFaceName, name.c_str(), name.size() + 1);
-    CKVFont().GetFontLogfont(m_Window, name.c_str(), &m_Font);
+    const LOGFONTA asked = m_Font;
+    CKVFont().GetFontLogfont(m_Window, asked.lfFaceName, &m_Font);
     SetCommonFont(m_Font);
 }
 

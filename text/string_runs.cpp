@@ -1,6 +1,5 @@
 // String analysis: the break character and the runs of a vertical line.
 
-#include <algorithm>
 #include <string>
 
 #include <CKVFont.h>
@@ -60,9 +59,12 @@ int CKVFont::ChBreakChar(CString& text, wchar_t breakChar) {
         return -1;
     }
     // A trail byte is never 0x20, so bytes need no stepping by character.
-    std::string bytes(text);
-    std::replace(bytes.begin(), bytes.end(), ' ', static_cast<char>(breakChar));
-    text = bytes.c_str();
+    const char* const bytes = text;
+    for (int i = 0; i < text.GetLength(); ++i) {
+        if (bytes[i] == ' ') {
+            text.SetAt(i, static_cast<char>(breakChar));
+        }
+    }
     return 1;
 }
 

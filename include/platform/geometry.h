@@ -56,10 +56,16 @@ class CRect : public tagRECT {
     constexpr CRect(LONG l, LONG t, LONG r, LONG b) : tagRECT{l, t, r, b} {}
     constexpr CRect(const tagRECT& rect) : tagRECT(rect) {}
 
-    constexpr LONG Width() const { return right - left; }
-    constexpr LONG Height() const { return bottom - top; }
+    constexpr LONG Width() const { return Difference(right, left); }
+    constexpr LONG Height() const { return Difference(bottom, top); }
 
     friend constexpr bool operator==(const CRect& a, const CRect& b) {
         return a.left == b.left && a.top == b.top && a.right == b.right && a.bottom == b.bottom;
+    }
+
+  private:
+    // Wraps at 32 bits, as the corners of a box may have done.
+    static constexpr LONG Difference(LONG a, LONG b) {
+        return static_cast<LONG>(static_cast<DWORD>(a) - static_cast<DWORD>(b));
     }
 };

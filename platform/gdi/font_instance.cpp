@@ -13,7 +13,7 @@ constexpr int kNormalWeight = 400;
 // From here on a face counts as bold, and a request asks for one.
 constexpr int kBoldFrom = 600;
 constexpr BYTE kBreakCharacter = 0x20;
-// Pitch flags of a metrics record.
+// Pitch flags of a metrics record, which are not the pitch values of a logical font.
 constexpr BYTE kVariablePitch = 1;
 constexpr BYTE kVector = 2;
 constexpr BYTE kTrueType = 4;
@@ -52,7 +52,7 @@ void ApplyHeight(LONG request, const DesignMetrics& design, FontInstance& font) 
         metrics.tmDescent = RoundToPixel(design.descent * unit);
         metrics.tmHeight = metrics.tmAscent + metrics.tmDescent;
     } else {
-        metrics.tmHeight = request == 0 ? kDefaultHeight : std::abs(request);
+        metrics.tmHeight = request == 0 ? kDefaultHeight : request;
         font.emPixels = metrics.tmHeight * (design.unitsPerEm / cellUnits);
         metrics.tmAscent = RoundToPixel(metrics.tmHeight * (design.ascent / cellUnits));
         metrics.tmDescent = metrics.tmHeight - metrics.tmAscent;

@@ -1,6 +1,7 @@
 #include "platform/gdi/font_scan.h"
 
 #include <algorithm>
+#include <cmath>
 #include <map>
 #include <memory>
 #include <tuple>
@@ -33,7 +34,6 @@ using FontSet = std::unique_ptr<FcFontSet, Destroy<FcFontSetDestroy>>;
 // Bit 17 of a font's code page ranges: Japanese.
 constexpr FT_ULong kJapaneseCodePage = FT_ULong{1} << 17;
 constexpr int kNormalWeight = 400;
-constexpr int kBoldWeight = 700;
 
 const char* Text(const FcPattern& pattern, const char* object, int position) {
     FcChar8* text = nullptr;
@@ -119,15 +119,21 @@ bool ReadFace(FT_Library library, FaceRecord& record) {
     const auto* const os2 =
         static_cast<const TT_OS2*>(FT_Get_Sfnt_Table(opened.get(), FT_SFNT_OS2));
     const bool japanese = os2 != nullptr && (os2->ulCodePageRange1 & kJapaneseCodePage) != 0;
-    const bool bold = (opened->style_flags & FT_STYLE_FLAG_BOLD) != 0;
-    record.weight = os2 != nullptr && os2->usWeightClass >= 100 ? os2->usWeightClass
-                    : bold                                      ? kBoldWeight
-                                                                : kNormalWeight;
-    record.italic = (opened->style_flags & FT_STYLE_FLAG_ITALIC) != 0;
     record.fixedPitch = FT_IS_FIXED_WIDTH(opened);
     record.charSet = japanese ? SHIFTJIS_CHARSET : 0;
     record.metrics = ReadMetrics(*opened, os2, japanese);
     return true;
+}
+
+/// Weight and slant as the catalogue has them: the font's own tables do not know the named
+/// instances of a font with variation axes.
+void ReadStyle(const FcPattern& pattern, FaceRecord& record) {
+    double weight = FC_WEIGHT_REGULAR;
+    FcPatternGetDouble(&pattern, FC_WEIGHT, 0, &weight);
+    record.weight = static_cast<int>(std::lround(FcWeightToOpenTypeDouble(weight)));
+    int slant = FC_SLANT_ROMAN;
+    FcPatternGetInteger(&pattern, FC_SLANT, 0, &slant);
+    record.italic = slant != FC_SLANT_ROMAN;
 }
 
 using FamilyMap = std::map<std::string, FontFamily>;
@@ -143,6 +149,7 @@ void AddPattern(FT_Library library, const FcPattern& pattern, FamilyMap& familie
     face.file = file;
     face.fullName = FirstName(pattern, FC_FULLNAME);
     face.style = FirstName(pattern, FC_STYLE);
+    ReadStyle(pattern, face);
     if (!ReadFace(library, face)) {
         return;
     }
@@ -182,7 +189,8 @@ FontSet ListOutlineFonts(FcConfig* config) {
     // Of a font with variation axes the named instances count, not the design space as a whole.
     FcPatternAddBool(wanted.get(), FC_VARIABLE, FcFalse);
     const ObjectSet objects(FcObjectSetBuild(FC_FAMILY, FC_FAMILYLANG, FC_FULLNAME, FC_STYLE,
-                                             FC_FILE, FC_INDEX, static_cast<char*>(nullptr)));
+                                             FC_WEIGHT, FC_SLANT, FC_FILE, FC_INDEX,
+                                             static_cast<char*>(nullptr)));
     return FontSet(FcFontList(config, wanted.get(), objects.get()));
 }
 

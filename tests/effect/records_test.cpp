@@ -1,4 +1,5 @@
 #include <cstring>
+#include <limits>
 
 #include <CBox.h>
 #include <CBwDrawInfo.h>
@@ -27,6 +28,7 @@ TEST(Box, ClipsOneAxisAfterTheOther) {
         {{-10, 5, 30, 200}, {0, 5, 20, 95}, 1},
         {{3, 4, 97, 96}, {3, 4, 97, 96}, 0},
         {{-50, 0, 10, 10}, {0, 0, 0, 10}, 1},
+        {{std::numeric_limits<LONG>::min(), 0, -5, 10}, {0, 0, 0, 10}, 1},
         {{150, 0, 10, 10}, {150, 0, 0, 10}, 1},
         {{0, 0, 10, -3}, {0, 0, 10, 0}, 1},
         {{90, 0x7FFFFFFF, 0x7FFFFFFF, 0x7FFFFFFF}, {90, 0x7FFFFFFF, 10, 0}, 1},

@@ -1,3 +1,4 @@
+#include <cstring>
 #include <limits>
 
 #include <CKVBwDraw.h>
@@ -258,6 +259,35 @@ TEST(Render, AnyRecordIsSafe) {
         const int set = CKVBwDraw().SetFb(&fb, &info, &mask, box, body, edge, shadow);
         ASSERT_EQ(shown, set);
         ASSERT_TRUE(shown == 0 || shown == -1);
+    }
+}
+
+// A record may move its shadow by any distance: what is far away is not drawn, and an area that no
+// surface can hold leaves none.
+TEST(FarShadows, StayFarAway) {
+    CKVMonoBitmap mask;
+    mask.Create(32, 16);
+    std::memset(mask.Bits, 0xFF, mask.Size);
+    tagKVBWDRAWINFO info{};
+    info.AntiScale = 1;
+    info.BodyCol = info.ShadCol = 0xFFFFFFFF;
+    info.Pos_X = info.Pos_Y = info.ShadType_Size = kMost;
+    CKVFrameBuffer fb(64, 64, 1);
+    CBox box(1, 2, 3, 4);
+    EXPECT_EQ(CKVBwDraw().DispFb(&fb, &info, &mask, &box), 0);
+    EXPECT_EQ(box.ChEria(), 0);
+    EXPECT_EQ(fb.GetBufferDWord()[0], 0u);
+
+    for (const LONG size : {kMost - 10, -kMost, std::numeric_limits<LONG>::min()}) {
+        info.ShadType_Size = size;
+        CBox eria;
+        CBox body;
+        CBox edge;
+        CBox shad;
+        EXPECT_EQ(CKVBwDraw().SetFb(&fb, &info, &mask, eria, body, edge, shad), 0);
+        EXPECT_EQ(fb.IsBuffer(), 1) << size;
+        EXPECT_GE(shad.x, 0) << size;
+        EXPECT_EQ(eria.width, kMost) << size;
     }
 }
 

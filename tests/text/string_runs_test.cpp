@@ -72,4 +72,16 @@ TEST(ChBreakChar, ReplacesBlanksByBytes) {
     }
 }
 
+// Strings may hold zeros, and a zero may be the break character.
+TEST(ChBreakChar, GoesOverTheWholeLength) {
+    CString held("a\0 b", 4);
+    EXPECT_EQ(CKVFont().ChBreakChar(held, 0xA0), 1);
+    EXPECT_TRUE(held == CString("a\0\xA0"
+                                "b",
+                                4));
+    CString zeroed("a b");
+    EXPECT_EQ(CKVFont().ChBreakChar(zeroed, 0), 1);
+    EXPECT_TRUE(zeroed == CString("a\0b", 3));
+}
+
 }  // namespace
