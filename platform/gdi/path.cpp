@@ -1,8 +1,7 @@
 #include "platform/gdi/path.h"
 
+#include <algorithm>
 #include <cmath>
-
-#include "platform/gdi/flatten.h"
 
 namespace kv::gdi {
 
@@ -27,12 +26,16 @@ void PathBuilder::LineTo(PathPoint to) {
 }
 
 void PathBuilder::QuadTo(PathPoint control, PathPoint to) {
-    FlattenQuad(m_Current, control, to, kFlatness, [this](PathPoint point) { Append(point); });
+    AppendCurve(QuadCurve{m_Current, control, to});
 }
 
 void PathBuilder::CubicTo(PathPoint control1, PathPoint control2, PathPoint to) {
-    FlattenCubic(m_Current, control1, control2, to, kFlatness,
-                 [this](PathPoint point) { Append(point); });
+    AppendCurve(CubicCurve{m_Current, control1, control2, to});
+}
+
+void PathBuilder::ArcTo(const EllipseArc& arc) {
+    Append(arc.At(0.0));
+    AppendCurve(arc);
 }
 
 void PathBuilder::Close() {
@@ -45,6 +48,14 @@ void PathBuilder::Close() {
         points.resize(m_Begin);
     }
     m_Finite = true;
+}
+
+template <typename Curve>
+void PathBuilder::AppendCurve(const Curve& curve) {
+    const int count = CountChords(curve.Bend(), kFlatness);
+    for (int i = 1; i <= count; ++i) {
+        Append(curve.At(static_cast<double>(i) / count));
+    }
 }
 
 void PathBuilder::Append(PathPoint point) {

@@ -3,14 +3,9 @@
 #include <cstddef>
 
 #include "platform/gdi/contours.h"
+#include "platform/gdi/curves.h"
 
 namespace kv::gdi {
-
-/// A point in pixels; a pixel's centre is at its corner plus a half.
-struct PathPoint {
-    double x;
-    double y;
-};
 
 /// Appends closed contours to a list, curves cut into chords that stay within kFlatness pixels of
 /// them. A contour with a coordinate that is no finite number is left out whole.
@@ -26,10 +21,14 @@ class PathBuilder {
     void LineTo(PathPoint to);
     void QuadTo(PathPoint control, PathPoint to);
     void CubicTo(PathPoint control1, PathPoint control2, PathPoint to);
+    /// A line to the start of the arc, where that is somewhere else, and the arc.
+    void ArcTo(const EllipseArc& arc);
     /// Ends the contour; the last one needs it.
     void Close();
 
   private:
+    template <typename Curve>
+    void AppendCurve(const Curve& curve);
     void Append(PathPoint point);
 
     Contours& m_Contours;
