@@ -60,10 +60,19 @@ constexpr std::size_t Index(std::int32_t row, std::int32_t firstRow) {
 
 void ScanConverter::Convert(const Contours& contours, FillRule rule, const Clip& clip,
                             RunSink& sink) {
-    if (clip.left >= clip.right || clip.top >= clip.bottom) {
-        return;
+    Start(contours, rule, clip);
+    std::int32_t row = 0;
+    std::span<const Run> runs;
+    while (Next(row, runs)) {
+        sink.Row(row, runs);
     }
+}
+
+void ScanConverter::Start(const Contours& contours, FillRule rule, const Clip& clip) {
     m_Edges.clear();
+    m_Crossings.clear();
+    m_Clip = clip;
+    m_Rule = rule;
     m_FirstRow = clip.bottom;
     m_EndRow = clip.top;
     std::size_t begin = 0;
@@ -71,15 +80,24 @@ void ScanConverter::Convert(const Contours& contours, FillRule rule, const Clip&
         AddContour(std::span(contours.points).subspan(begin, end - begin), clip);
         begin = end;
     }
-    if (m_Edges.empty()) {
+    if (m_Edges.empty() || clip.left >= clip.right) {
+        m_NextRow = m_EndRow;
         return;
     }
     ListStarts();
-    if (rule == FillRule::kAlternate) {
-        Walk<FillRule::kAlternate>(clip, sink);
-    } else {
-        Walk<FillRule::kWinding>(clip, sink);
+    m_NextRow = m_FirstRow;
+}
+
+bool ScanConverter::Next(std::int32_t& row, std::span<const Run>& runs) {
+    while (m_NextRow < m_EndRow) {
+        row = m_NextRow++;
+        const std::size_t count = ConvertRow();
+        if (count > 0) {
+            runs = std::span<const Run>(m_Runs.data(), count);
+            return true;
+        }
     }
+    return false;
 }
 
 void ScanConverter::AddContour(std::span<const FixedPoint> points, const Clip& clip) {
@@ -173,22 +191,18 @@ void ScanConverter::ListStarts() {
     }
 }
 
-template <FillRule kRule>
-void ScanConverter::Walk(const Clip& clip, RunSink& sink) {
-    m_Crossings.clear();
-    for (std::int32_t row = m_FirstRow; row < m_EndRow; ++row) {
-        m_Moves = m_Crossings.size() * kMovesPerCrossing + 1;
-        Advance(row);
-        Enter(row);
-        if (m_Moves == 0) {
-            std::sort(m_Crossings.begin(), m_Crossings.end(),
-                      [](const Crossing& a, const Crossing& b) { return a.column < b.column; });
-        }
-        const std::size_t count = MakeRuns<kRule>(clip);
-        if (count > 0) {
-            sink.Row(row, std::span<const Run>(m_Runs.data(), count));
-        }
+/// The runs of the row before the next one, in m_Runs.
+std::size_t ScanConverter::ConvertRow() {
+    const std::int32_t row = m_NextRow - 1;
+    m_Moves = m_Crossings.size() * kMovesPerCrossing + 1;
+    Advance(row);
+    Enter(row);
+    if (m_Moves == 0) {
+        std::sort(m_Crossings.begin(), m_Crossings.end(),
+                  [](const Crossing& a, const Crossing& b) { return a.column < b.column; });
     }
+    return m_Rule == FillRule::kAlternate ? MakeRuns<FillRule::kAlternate>()
+                                          : MakeRuns<FillRule::kWinding>();
 }
 
 /// Takes the crossings of the row above to this one.
@@ -238,11 +252,11 @@ void ScanConverter::Insert(std::size_t place, const Crossing& crossing) {
 }
 
 template <FillRule kRule>
-std::size_t ScanConverter::MakeRuns(const Clip& clip) {
+std::size_t ScanConverter::MakeRuns() {
     Run* const runs = m_Runs.data();
     std::size_t count = 0;
     std::int32_t inside = 0;
-    std::int32_t begin = clip.left;
+    std::int32_t begin = m_Clip.left;
     const auto close = [&](std::int32_t end) {
         if (begin >= end) {
             return;
@@ -254,11 +268,11 @@ std::size_t ScanConverter::MakeRuns(const Clip& clip) {
         }
     };
     for (const Crossing& crossing : m_Crossings) {
-        if (crossing.column >= clip.right) {
+        if (crossing.column >= m_Clip.right) {
             break;
         }
         const auto column =
-            static_cast<std::int32_t>(std::max<std::int64_t>(crossing.column, clip.left));
+            static_cast<std::int32_t>(std::max<std::int64_t>(crossing.column, m_Clip.left));
         const bool wasInside = inside != 0;
         inside = kRule == FillRule::kAlternate ? inside ^ 1 : inside + crossing.winding;
         if (!wasInside) {
@@ -268,7 +282,7 @@ std::size_t ScanConverter::MakeRuns(const Clip& clip) {
         }
     }
     if (inside != 0) {
-        close(clip.right);
+        close(m_Clip.right);
     }
     return count;
 }

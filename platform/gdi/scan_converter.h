@@ -45,6 +45,11 @@ class ScanConverter {
     /// coordinate within 2^44 pixels of the origin; points farther out are moved to that distance.
     void Convert(const Contours& contours, FillRule rule, const Clip& clip, RunSink& sink);
 
+    /// The same row by row at the caller's pace: Start, then Next until it gives false. The runs
+    /// are good until the next call.
+    void Start(const Contours& contours, FillRule rule, const Clip& clip);
+    bool Next(std::int32_t& row, std::span<const Run>& runs);
+
   private:
     /// One side of a contour.
     struct Edge {
@@ -74,21 +79,23 @@ class ScanConverter {
     static void Place(Edge& edge, std::int64_t x, std::int64_t width, std::int64_t drop);
     void Chain(std::size_t from, std::size_t to);
     void ListStarts();
-    template <FillRule kRule>
-    void Walk(const Clip& clip, RunSink& sink);
+    std::size_t ConvertRow();
     void Advance(std::int32_t row);
     void Enter(std::int32_t row);
     void Insert(std::size_t place, const Crossing& crossing);
     template <FillRule kRule>
-    std::size_t MakeRuns(const Clip& clip);
+    std::size_t MakeRuns();
 
     std::vector<Edge> m_Edges;
     std::vector<std::uint32_t> m_Heads;  // the first of the edges that enter, by row
     std::vector<Crossing> m_Crossings;   // of the current row, sorted
     std::vector<Run> m_Runs;
     std::size_t m_Moves = 0;  // how many more crossings may be moved one by one on this row
+    Clip m_Clip{0, 0, 0, 0};
+    FillRule m_Rule = FillRule::kAlternate;
     std::int32_t m_FirstRow = 0;
     std::int32_t m_EndRow = 0;
+    std::int32_t m_NextRow = 0;
 };
 
 }  // namespace kv::gdi
