@@ -1,13 +1,42 @@
 #include <algorithm>
 #include <cstring>
+#include <new>
 
 #include "platform/gdi/bit_surface.h"
 #include "platform/gdi/dc.h"
+#include "platform/gdi/drawing.h"
 
 bool CBitmap::CreateBitmap(LONG width, LONG height, UINT planes, UINT bitCount, const void* bits) {
     const bool known = planes == 1 && bitCount == 1 && bits == nullptr;
     m_Surface = known ? kv::gdi::BitSurface::Create(width, height) : nullptr;
+    m_Drawing = nullptr;
     return m_Surface != nullptr;
+}
+
+bool CBitmap::CreateDrawing(LONG width, LONG height) {
+    m_Surface = nullptr;
+    m_Drawing = nullptr;
+    if (width < 1 || height < 1) {
+        return false;
+    }
+    try {
+        m_Drawing = std::make_shared<kv::gdi::Drawing>(width, height);
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
+    return true;
+}
+
+bool CBitmap::GetCoverage(LONG scale, LONG columns, BYTE* coverage, DWORD stride) const {
+    if (m_Drawing == nullptr || (scale != 1 && scale != 4 && scale != 8 && scale != 16)) {
+        return false;
+    }
+    try {
+        m_Drawing->ReadCoverage(scale, columns, coverage, stride);
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
+    return true;
 }
 
 DWORD CBitmap::GetBitmapBits(DWORD count, void* bits) const {

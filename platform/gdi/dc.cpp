@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "platform/gdi/bit_surface.h"
+#include "platform/gdi/drawing.h"
 #include "platform/gdi/text_painter.h"
 
 using kv::gdi::FontInstance;
@@ -95,7 +96,7 @@ bool CDC::GetTextExtentPoint32A(const char* text, int byteCount, tagSIZE* extent
 }
 
 bool CDC::TextOutA(LONG x, LONG y, const char* text, int byteCount) {
-    if (m_Font.IsNull() || m_Bitmap.IsNull() || !IsText(text, byteCount)) {
+    if (m_Font.IsNull() || m_Bitmap.m_Surface == nullptr || !IsText(text, byteCount)) {
         return false;
     }
     const FontInstance& font = *m_Font.m_Font;
@@ -108,6 +109,10 @@ bool CDC::BitBlt(LONG x, LONG y, LONG width, LONG height, CDC* /*source*/, LONG 
                  LONG /*sourceY*/, DWORD operation) {
     if (m_Bitmap.IsNull() || operation != BLACKNESS) {
         return false;
+    }
+    if (m_Bitmap.m_Drawing != nullptr) {
+        m_Bitmap.m_Drawing->ClearRect(x, y, std::int64_t{x} + width, std::int64_t{y} + height);
+        return true;
     }
     m_Bitmap.m_Surface->FillRect(x, y, std::int64_t{x} + width, std::int64_t{y} + height, false);
     return true;

@@ -5,12 +5,17 @@
 #include <platform/font.h>
 #include <platform/geometry.h>
 
+#include "platform/gdi/pen.h"
+
 namespace kv::gdi {
 class BitSurface;
+class Drawing;
 struct FontInstance;
 }  // namespace kv::gdi
 
 inline constexpr DWORD BLACKNESS = 0x42;
+inline constexpr int AD_COUNTERCLOCKWISE = 1;
+inline constexpr int AD_CLOCKWISE = 2;
 
 /// A font handle: a shared reference to a font made from a logical description. Copies name the
 /// same font, which lives until the last handle, a context's included, is gone.
@@ -35,14 +40,24 @@ class CBitmap {
     /// A cleared one-bit bitmap. False, and a null handle, for a size below 1 by 1, any other
     /// depth, initial bits that are not null, or no memory.
     bool CreateBitmap(LONG width, LONG height, UINT planes, UINT bitCount, const void* bits);
-    void DeleteObject() { m_Surface.reset(); }
-    bool IsNull() const { return m_Surface == nullptr; }
+    bool IsNull() const { return m_Surface == nullptr && m_Drawing == nullptr; }
+
+    /// The same picture, kept as the shapes drawn onto it: it takes no text and has no bits, but
+    /// gives its coverage without holding the enlarged picture. False as above.
+    bool CreateDrawing(LONG width, LONG height);
 
     /// Copies at most count bytes, rows top down, bit 7 leftmost, each row padded to 16 bits. The
     /// number of bytes copied.
     DWORD GetBitmapBits(DWORD count, void* bits) const;
 
+    /// Of a drawing: the coverage of blocks of scale by scale pixels, 1, 4, 8 or 16, for whole
+    /// blocks of rows, `columns` bytes of each row of `stride` bytes. It is what the reduction of
+    /// the picture's bits gives. False for any other bitmap, for a scale not named, and for lack of
+    /// memory.
+    bool GetCoverage(LONG scale, LONG columns, BYTE* coverage, DWORD stride) const;
+
     std::shared_ptr<kv::gdi::BitSurface> m_Surface;
+    std::shared_ptr<kv::gdi::Drawing> m_Drawing;
 };
 
 /// Reads a font's logical description back; size is 60. The bytes written, 0 for a null font.
@@ -82,6 +97,30 @@ class CDC {
     bool BitBlt(LONG x, LONG y, LONG width, LONG height, CDC* source, LONG sourceX, LONG sourceY,
                 DWORD operation);
 
+    CPen SelectObject(const CPen& pen);
+    CBrush SelectObject(const CBrush& brush);
+
+    /// AD_COUNTERCLOCKWISE at first. Gives back the old one, 0 for an unknown one.
+    int SetArcDirection(int direction);
+    /// The lines from one MoveTo on are one figure: joined where they meet.
+    void MoveTo(LONG x, LONG y);
+    bool LineTo(LONG x, LONG y);
+    /// Shapes are filled with the brush, by the alternate rule, and then outlined with the pen,
+    /// clipped to the bitmap. Boxes take their corners in any order and leave out right and bottom.
+    /// False without a bitmap or memory.
+    bool Rectangle(LONG left, LONG top, LONG right, LONG bottom);
+    /// Width and height are those of the whole corner ellipse, cut to the box.
+    bool RoundRect(LONG left, LONG top, LONG right, LONG bottom, LONG width, LONG height);
+    bool Ellipse(LONG left, LONG top, LONG right, LONG bottom);
+    /// The wedge between the directions of two points as seen from the box's middle; equal ones
+    /// give the whole ellipse.
+    bool Pie(LONG left, LONG top, LONG right, LONG bottom, LONG startX, LONG startY, LONG endX,
+             LONG endY);
+    /// False for fewer than 2 points.
+    bool Polygon(const tagPOINT* points, int count);
+    /// A chain of cubic curves, outlined only. False for a count that is not 3k + 1.
+    bool PolyBezier(const tagPOINT* points, int count);
+
   private:
     CFont m_Font;
     CBitmap m_Bitmap;
@@ -89,4 +128,9 @@ class CDC {
     LONG m_BreakExtra = 0;
     COLORREF m_TextColor = 0;
     COLORREF m_BkColor = 0xFFFFFF;
+    CPen m_Pen;
+    CBrush m_Brush;
+    int m_ArcDirection = AD_COUNTERCLOCKWISE;
+    tagPOINT m_Figure[3] = {};  ///< the last points of the lines being drawn
+    int m_FigurePoints = 1;
 };

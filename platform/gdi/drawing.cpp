@@ -1,0 +1,83 @@
+#include "platform/gdi/drawing.h"
+
+#include <utility>
+
+#include "platform/gdi/block_counter.h"
+#include "platform/gdi/run_set.h"
+
+namespace kv::gdi {
+
+namespace {
+
+/// An area under conversion, one row ahead.
+struct Cursor {
+    ScanConverter converter;
+    bool value = false;
+    bool more = false;
+    std::int32_t row = 0;
+    std::span<const Run> runs;
+
+    void Step() { more = converter.Next(row, runs); }
+};
+
+}  // namespace
+
+void Drawing::Paint(Area area) {
+    if (m_Areas.empty() && !area.value) {
+        return;  // the ground is clear
+    }
+    // Contours that all wind the same way are one area.
+    if (!m_Areas.empty() && area.rule == FillRule::kWinding &&
+        m_Areas.back().rule == FillRule::kWinding && m_Areas.back().value == area.value) {
+        Contours& into = m_Areas.back().contours;
+        const std::size_t shift = into.points.size();
+        into.points.insert(into.points.end(), area.contours.points.begin(),
+                           area.contours.points.end());
+        for (const std::size_t end : area.contours.ends) {
+            into.ends.push_back(shift + end);
+        }
+        return;
+    }
+    m_Areas.push_back(std::move(area));
+}
+
+void Drawing::ClearRect(std::int64_t left, std::int64_t top, std::int64_t right,
+                        std::int64_t bottom) {
+    Area area{{}, FillRule::kWinding, false};
+    for (const auto& [x, y] : {std::pair(left, top), std::pair(right, top),
+                               std::pair(right, bottom), std::pair(left, bottom)}) {
+        area.contours.points.push_back({x * kSubpixels, y * kSubpixels});
+    }
+    area.contours.ends.push_back(area.contours.points.size());
+    Paint(std::move(area));
+}
+
+void Drawing::ReadCoverage(std::int32_t scale, std::int32_t columns, std::uint8_t* coverage,
+                           std::size_t stride) const {
+    const std::int32_t blocks = m_Height / scale;
+    std::vector<Cursor> cursors(m_Areas.size());
+    for (std::size_t i = 0; i < m_Areas.size(); ++i) {
+        cursors[i].converter.Start(m_Areas[i].contours, m_Areas[i].rule,
+                                   {0, 0, m_Width, blocks * scale});
+        cursors[i].value = m_Areas[i].value;
+        cursors[i].Step();
+    }
+    BlockCounter counter(scale, columns);
+    RunSet set;
+    for (std::int32_t row = 0; row < blocks * scale; ++row) {
+        set.Clear();
+        for (Cursor& cursor : cursors) {
+            if (cursor.more && cursor.row == row) {
+                cursor.value ? set.Add(cursor.runs) : set.Remove(cursor.runs);
+                cursor.Step();
+            }
+        }
+        counter.Add(set.Runs());
+        if ((row + 1) % scale == 0) {
+            counter.Write(coverage);
+            coverage += stride;
+        }
+    }
+}
+
+}  // namespace kv::gdi
