@@ -66,10 +66,7 @@ std::int64_t ShadowOffset(const tagKVBWDRAWINFO& info) {
     return std::int64_t{distance} - info.EdgeType_Size;
 }
 
-int MakeLayers(CKVBwDraw& draw, tagKVBWDRAWINFO& info, const CKVMonoBitmap& mask, Layers& layers) {
-    if (draw.MakeAntiGray(info.AntiScale, &mask, &layers.body.coverage) != 0) {
-        return -1;
-    }
+int MakeLayers(CKVBwDraw& draw, tagKVBWDRAWINFO& info, Layers& layers) {
     const tagMAPINFO paint{info.BodyMode, &info.BodyCol, &info.BodyGrad, &info.BodyText};
     const int painted = PaintLayer(draw, paint, layers.body);
     if (painted != 0) {

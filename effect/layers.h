@@ -25,9 +25,9 @@ struct Layers {
 std::int64_t EdgeOffset(const tagKVBWDRAWINFO& info);
 std::int64_t ShadowOffset(const tagKVBWDRAWINFO& info);
 
-/// Reduces the mask and paints the body, then edge and shadow as far as they can be made. 0, or -1
-/// when there is no body.
-int MakeLayers(CKVBwDraw& draw, tagKVBWDRAWINFO& info, const CKVMonoBitmap& mask, Layers& layers);
+/// Paints the body, whose coverage stands, then makes edge and shadow as far as they can be. 0, or
+/// -1 when there is no body.
+int MakeLayers(CKVBwDraw& draw, tagKVBWDRAWINFO& info, Layers& layers);
 
 /// The edge and the shadow around a body coverage that stands already.
 void MakeEdgeAndShadow(CKVBwDraw& draw, tagKVBWDRAWINFO& info, Layers& layers);

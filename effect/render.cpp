@@ -1,16 +1,16 @@
+#include "effect/render.h"
+
 #include <limits>
 
 #include <CKVBwDraw.h>
 
 #include "base/narrow.h"
-#include "effect/layers.h"
 
-int CKVBwDraw::DispFb(CKVFrameBuffer* pFb, tagKVBWDRAWINFO* pInfo, const CKVMonoBitmap* pMono,
-                      CBox* pBox) {
-    m_pFb = pFb;
-    m_pInfo = pInfo;
-    kv::Layers layers;
-    const int made = kv::MakeLayers(*this, *pInfo, *pMono, layers);
+namespace kv {
+
+int DisplayBody(CKVBwDraw& draw, CKVFrameBuffer& fb, tagKVBWDRAWINFO& info, Layers& layers,
+                CBox& box) {
+    const int made = MakeLayers(draw, info, layers);
     if (made != 0) {
         return made;
     }
@@ -21,17 +21,28 @@ int CKVBwDraw::DispFb(CKVFrameBuffer* pFb, tagKVBWDRAWINFO* pInfo, const CKVMono
     CBox touched(kMost, kMost, kLeast, kLeast);
     // A layer that falls outside the target leaves the box of the one before it.
     CBox last;
-    const auto place = [&](const kv::Layer& layer, std::int64_t offset) {
+    const auto place = [&](const Layer& layer, std::int64_t offset) {
         if (layer.made) {
-            const CPoint corner(kv::SaturateToInt32(pInfo->Pos_X + offset),
-                                kv::SaturateToInt32(pInfo->Pos_Y + offset));
-            kv::PlaceLayer(*pInfo, layer, *pFb, corner, &last);
+            const CPoint corner(SaturateToInt32(info.Pos_X + offset),
+                                SaturateToInt32(info.Pos_Y + offset));
+            PlaceLayer(info, layer, fb, corner, &last);
             touched.MaxBox(last);
         }
     };
-    place(layers.shadow, kv::ShadowOffset(*pInfo));
-    place(layers.edge, kv::EdgeOffset(*pInfo));
+    place(layers.shadow, ShadowOffset(info));
+    place(layers.edge, EdgeOffset(info));
     place(layers.body, 0);
-    *pBox = touched;
+    box = touched;
     return 0;
+}
+
+}  // namespace kv
+
+int CKVBwDraw::DispFb(CKVFrameBuffer* pFb, tagKVBWDRAWINFO* pInfo, const CKVMonoBitmap* pMono,
+                      CBox* pBox) {
+    m_pFb = pFb;
+    m_pInfo = pInfo;
+    kv::Layers layers;
+    const int reduced = MakeAntiGray(pInfo->AntiScale, pMono, &layers.body.coverage);
+    return reduced != 0 ? reduced : kv::DisplayBody(*this, *pFb, *pInfo, layers, *pBox);
 }
