@@ -1,0 +1,204 @@
+#include <algorithm>
+
+#include <CDrawGraph.h>
+
+namespace {
+
+const CRuntimeClassEntry kClassEntry(CDrawGraph::classCDrawGraph);
+
+constexpr tagPOINT kOrigin{0, 0};
+
+tagPOINT* Data(CArray<CPoint, CPoint>& points) {
+    static_assert(sizeof(CPoint) == sizeof(tagPOINT));
+    return points.GetData();
+}
+
+}  // namespace
+
+constinit CRuntimeClass CDrawGraph::classCDrawGraph{"CDrawGraph", VERSIONABLE_SCHEMA,
+                                                    &CDrawGraph::CreateObject,
+                                                    &CDrawGraph::_GetBaseClass, nullptr};
+
+CObject* CDrawGraph::CreateObject() {
+    return new CDrawGraph;
+}
+
+CRuntimeClass* CDrawGraph::GetThisClass() {
+    return &classCDrawGraph;
+}
+
+CRuntimeClass* CDrawGraph::_GetBaseClass() {
+    return CObject::GetThisClass();
+}
+
+CRuntimeClass* CDrawGraph::GetRuntimeClass() const {
+    return GetThisClass();
+}
+
+CDrawGraph::CDrawGraph() {
+    SetDefault();
+}
+
+CDrawGraph::CDrawGraph(const CDrawGraph& other)
+    : CObject(),
+      KVEffectAccess<CDrawGraph>(other),
+      KVTextureAccess<CDrawGraph>(other),
+      m_GraphType(other.m_GraphType),
+      m_FillMode(other.m_FillMode),
+      m_PenSize(other.m_PenSize),
+      m_PenType(other.m_PenType),
+      m_Point(other.m_Point),
+      m_DegStart(other.m_DegStart),
+      m_DegEnd(other.m_DegEnd),
+      m_Info(other.m_Info),
+      m_BodyFile(other.m_BodyFile),
+      m_EdgeFile(other.m_EdgeFile),
+      m_ShadFile(other.m_ShadFile),
+      m_DispEria(other.m_DispEria) {
+    ConnectAll();
+}
+
+CDrawGraph& CDrawGraph::operator=(const CDrawGraph& other) {
+    m_GraphType = other.m_GraphType;
+    m_FillMode = other.m_FillMode;
+    m_PenSize = other.m_PenSize;
+    m_PenType = other.m_PenType;
+    m_Point = other.m_Point;
+    m_DegStart = other.m_DegStart;
+    m_DegEnd = other.m_DegEnd;
+    m_Info = other.m_Info;
+    m_BodyFile = other.m_BodyFile;
+    m_EdgeFile = other.m_EdgeFile;
+    m_ShadFile = other.m_ShadFile;
+    m_DispEria = other.m_DispEria;
+    ConnectAll();
+    return *this;
+}
+
+void CDrawGraph::SetDefault() {
+    m_GraphType = kNoShape;
+    m_FillMode = 0;
+    m_PenSize = 1;
+    m_PenType = 0;
+    m_Point.RemoveAll();
+    m_DegStart = m_DegEnd = 0.0;
+    SetDefaultEffect();
+}
+
+void CDrawGraph::StorePoints(LONG kind, const tagPOINT* points, int count) {
+    m_GraphType = kind;
+    CArray<CPoint, CPoint> stored;  // apart, since the points may be this object's own
+    for (int i = 0; i < count; ++i) {
+        stored.Add(points[i]);
+    }
+    m_Point = std::move(stored);
+}
+
+void CDrawGraph::StoreRect(LONG kind, const tagRECT& rect) {
+    const auto [left, right] = std::minmax({rect.left, rect.right});
+    const auto [top, bottom] = std::minmax({rect.top, rect.bottom});
+    const tagPOINT corners[] = {{left, top}, {right, bottom}};
+    StorePoints(kind, corners, 2);
+}
+
+void CDrawGraph::SetLine(tagPOINT a, tagPOINT b) {
+    const tagPOINT points[] = {a, b};
+    StorePoints(kLine, points, 2);
+}
+
+void CDrawGraph::SetPolyLine(const tagPOINT* points, int count) {
+    StorePoints(kPolyLine, points, count);
+}
+
+void CDrawGraph::SetRect(const tagRECT* rect) {
+    StoreRect(kRect, *rect);
+}
+
+void CDrawGraph::SetRoundRect(const tagRECT* rect, tagPOINT size) {
+    StoreRect(kRoundRect, *rect);
+    m_Point.Add(size);
+}
+
+void CDrawGraph::SetEllipse(const tagRECT* rect) {
+    StoreRect(kEllipse, *rect);
+}
+
+void CDrawGraph::SetPie(const tagRECT* rect, double start, double end) {
+    StoreRect(kPie, *rect);
+    m_DegStart = start;
+    m_DegEnd = end;
+}
+
+void CDrawGraph::SetPolyGon(const tagPOINT* points, int count) {
+    StorePoints(kPolyGon, points, count);
+}
+
+void CDrawGraph::SetSpline(const tagPOINT* points, int count) {
+    StorePoints(kSpline, points, count);
+}
+
+tagPOINT CDrawGraph::GetAt(int index) const {
+    return index >= 0 && index < m_Point.GetSize() ? m_Point.GetAt(index) : kOrigin;
+}
+
+int CDrawGraph::GetLine(tagPOINT* a, tagPOINT* b) const {
+    const bool filled = IsFilled(kLine);
+    *a = filled ? m_Point.GetAt(0) : kOrigin;
+    *b = filled ? m_Point.GetAt(1) : kOrigin;
+    return filled ? 2 : 0;
+}
+
+tagPOINT* CDrawGraph::GetLine(int* count) {
+    return CornersOf(kLine, count);
+}
+
+int CDrawGraph::GetRoundRect(tagRECT* rect, tagPOINT* size) const {
+    *size = GetRoundRect_RSize();
+    return RectOf(kRoundRect, rect) == 0 ? 0 : 3;
+}
+
+tagPOINT CDrawGraph::GetRoundRect_RSize() const {
+    return IsFilled(kRoundRect) ? m_Point.GetAt(2) : kOrigin;
+}
+
+int CDrawGraph::GetPie(tagRECT* rect, double* start, double* end) const {
+    *start = m_DegStart;
+    *end = m_DegEnd;
+    return RectOf(kPie, rect);
+}
+
+tagPOINT* CDrawGraph::ListOf(LONG kind, int* count) {
+    *count = SizeOf(kind);
+    return *count == 0 ? nullptr : Data(m_Point);
+}
+
+tagPOINT CDrawGraph::PointOf(LONG kind, int index) const {
+    return m_GraphType == kind ? GetAt(index) : kOrigin;
+}
+
+tagRECT CDrawGraph::RectOf(LONG kind) const {
+    tagRECT rect;
+    RectOf(kind, &rect);
+    return rect;
+}
+
+int CDrawGraph::RectOf(LONG kind, tagRECT* rect) const {
+    if (!IsFilled(kind)) {
+        *rect = {0, 0, 0, 0};
+        return 0;
+    }
+    const CPoint& a = m_Point.GetAt(0);
+    const CPoint& b = m_Point.GetAt(1);
+    *rect = {a.x, a.y, b.x, b.y};
+    return 2;
+}
+
+tagPOINT* CDrawGraph::CornersOf(LONG kind, int* count) {
+    if (!IsFilled(kind)) {
+        *count = 0;
+        return nullptr;
+    }
+    m_Point.GetAt(1);  // throws when the second point is missing
+    *count = 2;
+    return Data(m_Point);
+}

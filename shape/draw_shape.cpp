@@ -1,0 +1,107 @@
+// The eight kinds as operations, and the two calls that render the mask of the object's own kind.
+
+#include <new>
+
+#include <CKVBwDraw.h>
+
+#include "effect/render.h"
+#include "shape/enlarged_shape.h"
+
+namespace {
+
+using kv::shape::EnlargedShape;
+using kv::shape::FormOf;
+
+// Memory that runs out leaves the mask empty; a list that is too short reaches the caller.
+int DrawAs(const CDrawGraph& shape, LONG kind, CKVMonoBitmap* mask, tagPOINT* pos) {
+    const EnlargedShape enlarged(shape, FormOf(kind));
+    *pos = enlarged.Pos();
+    mask->Delete();
+    try {
+        enlarged.ToMask(*mask);
+    } catch (const std::bad_alloc&) {
+        mask->Delete();
+    }
+    return 0;
+}
+
+bool HasShape(const CDrawGraph& shape) {
+    return shape.m_GraphType >= CDrawGraph::kLine && shape.m_GraphType <= CDrawGraph::kSpline;
+}
+
+// Makes the body of the object's own kind and stores its place. A draw needs the mask's coverage
+// only, so it never makes the mask. False when nothing can be rendered.
+bool DrawBody(CDrawGraph& shape, CKVGrayBitmap& coverage) {
+    const EnlargedShape enlarged(shape, FormOf(shape.m_GraphType));
+    const tagPOINT pos = enlarged.Pos();
+    shape.m_Info.Pos_X = pos.x;
+    shape.m_Info.Pos_Y = pos.y;
+    try {
+        return enlarged.ToCoverage(coverage) == 0;
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
+}
+
+}  // namespace
+
+int CDrawGraph::DrawFrame(CKVFrameBuffer* fb) {
+    if (!HasShape(*this)) {
+        return 1;
+    }
+    kv::Layers layers;
+    CKVBwDraw draw;
+    if (DrawBody(*this, layers.body.coverage)) {
+        kv::DisplayBody(draw, *fb, m_Info, layers, m_DispEria);
+    }
+    return 0;
+}
+
+int CDrawGraph::DrawFrameEria(CKVFrameBuffer* fb, CBox& eria, CBox& body, CBox& edge, CBox& shad) {
+    if (!HasShape(*this)) {
+        return 1;
+    }
+    kv::Layers layers;
+    CKVBwDraw draw;
+    if (DrawBody(*this, layers.body.coverage)) {
+        kv::SetBody(draw, *fb, m_Info, layers, m_DispEria, body, edge, shad);
+    }
+    eria = m_DispEria;
+    return 0;
+}
+
+int CDrawGraph::DispBwBmp_Line(CKVMonoBitmap* mask, tagPOINT* pos) const {
+    return DrawAs(*this, kLine, mask, pos);
+}
+
+int CDrawGraph::DispBwBmp_PolyLine(CKVMonoBitmap* mask, tagPOINT* pos) const {
+    return DrawAs(*this, kPolyLine, mask, pos);
+}
+
+int CDrawGraph::DispBwBmp_Rect(CKVMonoBitmap* mask, tagPOINT* pos) const {
+    return DrawAs(*this, kRect, mask, pos);
+}
+
+int CDrawGraph::DispBwBmp_RoundRect(CKVMonoBitmap* mask, tagPOINT* pos) const {
+    return DrawAs(*this, kRoundRect, mask, pos);
+}
+
+int CDrawGraph::DispBwBmp_Ellipse(CKVMonoBitmap* mask, tagPOINT* pos) const {
+    return DrawAs(*this, kEllipse, mask, pos);
+}
+
+int CDrawGraph::DispBwBmp_Pie(CKVMonoBitmap* mask, tagPOINT* pos) const {
+    return DrawAs(*this, kPie, mask, pos);
+}
+
+int CDrawGraph::DispBwBmp_PolyGon(CKVMonoBitmap* mask, tagPOINT* pos) const {
+    return DrawAs(*this, kPolyGon, mask, pos);
+}
+
+int CDrawGraph::DispBwBmp_Spline(CKVMonoBitmap* mask, tagPOINT* pos) const {
+    return DrawAs(*this, kSpline, mask, pos);
+}
+
+void CDrawGraph::GetDegAdd(double deg, int rx, int /*ry*/, tagPOINT* out) const {
+    *out = kv::shape::RadialOffset(deg, rx);
+}

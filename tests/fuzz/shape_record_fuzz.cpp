@@ -1,0 +1,81 @@
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+
+#include <CDrawGraph.h>
+#include <CKVFrameBuffer.h>
+
+namespace {
+
+// Reads values off the input; zeros behind its end.
+class Input {
+  public:
+    Input(const std::uint8_t* data, std::size_t size) : m_Data(data), m_Left(size) {}
+
+    bool IsEmpty() const { return m_Left == 0; }
+
+    template <class Type>
+    Type Take() {
+        Type value{};
+        const std::size_t count = std::min(m_Left, sizeof value);
+        std::memcpy(&value, m_Data, count);
+        m_Data += count;
+        m_Left -= count;
+        return value;
+    }
+
+  private:
+    const std::uint8_t* m_Data;
+    std::size_t m_Left;
+};
+
+// Large masks only cost time; they are left out here, and only here. Those beyond 32 bits stay in.
+bool IsTooLarge(const CDrawGraph& shape) {
+    std::int64_t low[2] = {INT32_MAX, INT32_MAX};
+    std::int64_t high[2] = {INT32_MIN, INT32_MIN};
+    for (int i = 0; i < shape.GetSize(); ++i) {
+        const tagPOINT p = shape.GetAt(i);
+        const std::int64_t xy[2] = {p.x, p.y};
+        for (int axis = 0; axis < 2; ++axis) {
+            low[axis] = std::min(low[axis], xy[axis]);
+            high[axis] = std::max(high[axis], xy[axis]);
+        }
+    }
+    const double width = (static_cast<double>(high[0] - low[0]) + shape.GetPenSize() + 2.0) * 16;
+    const double height = (static_cast<double>(high[1] - low[1]) + shape.GetPenSize() + 2.0) * 16;
+    const double bits = width * height;
+    return bits > 4e6 && bits < 4e10;
+}
+
+}  // namespace
+
+// A shape of any kind, points, pen and angles, drawn with a small edge and shadow.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    Input input(data, size);
+    CDrawGraph shape;
+    shape.m_GraphType = input.Take<std::uint8_t>() % 10;
+    shape.SetAntiScale(input.Take<std::uint8_t>() % 17);
+    shape.SetFillMode(input.Take<std::uint8_t>() & 1);
+    shape.SetPenType(input.Take<std::uint8_t>() & 1);
+    const bool wide = (input.Take<std::uint8_t>() & 7) == 0;
+    shape.SetPenSize(wide ? input.Take<LONG>() : input.Take<std::int8_t>());
+    shape.m_DegStart = input.Take<double>();
+    shape.m_DegEnd = input.Take<double>();
+    shape.SetEdgeType(input.Take<std::uint8_t>() & 1, input.Take<std::uint8_t>() % 8, 0);
+    shape.SetShadType(input.Take<std::uint8_t>() % 4, input.Take<std::int8_t>() % 8, 3, 0);
+    while (!input.IsEmpty() && shape.GetSize() < 40) {
+        const LONG x = wide ? input.Take<LONG>() : input.Take<std::int8_t>();
+        const LONG y = wide ? input.Take<LONG>() : input.Take<std::int8_t>();
+        shape.m_Point.Add(CPoint(x, y));
+    }
+    if (IsTooLarge(shape)) {
+        return 0;
+    }
+    CKVFrameBuffer fb(64, 64, 1);
+    try {
+        shape.DrawFrame(&fb);
+    } catch (const CInvalidArgException&) {
+        return 0;  // too few points for the kind
+    }
+    return 0;
+}

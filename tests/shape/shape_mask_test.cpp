@@ -1,0 +1,354 @@
+#include <algorithm>
+#include <climits>
+#include <cmath>
+#include <functional>
+#include <numbers>
+#include <random>
+#include <string>
+#include <vector>
+
+#include <CDrawGraph.h>
+#include <CKVBwDraw.h>
+#include <CKVFrameBuffer.h>
+#include <CKVMonoBitmap.h>
+#include <gtest/gtest.h>
+
+#include "shape/enlarged_shape.h"
+
+namespace {
+
+using Draw = int (CDrawGraph::*)(CKVMonoBitmap*, tagPOINT*) const;
+
+struct Mask {
+    CKVMonoBitmap bits;
+    tagPOINT pos{INT_MIN, INT_MIN};
+
+    bool At(LONG x, LONG y) const {
+        return (bits.Bits[static_cast<DWORD>(y) * bits.Pitch + static_cast<DWORD>(x / 8)] >>
+                    (7 - x % 8) &
+                1) != 0;
+    }
+    double Area() const {
+        long count = 0;
+        for (DWORD i = 0; i < bits.Size; ++i) {
+            count += __builtin_popcount(bits.Bits[i]);
+        }
+        return static_cast<double>(count);
+    }
+};
+
+Mask DrawMask(const CDrawGraph& shape, Draw draw) {
+    Mask mask;
+    EXPECT_EQ((shape.*draw)(&mask.bits, &mask.pos), 0);
+    return mask;
+}
+
+TEST(ShapeMask, SizeAndPlace) {
+    struct {
+        LONG penSize;
+        LONG scale;
+        tagPOINT from;
+        tagPOINT to;
+        tagSIZE size;
+        tagPOINT pos;
+    } const cases[] = {
+        {1, 16, {10, 5}, {20, 5}, {192, 32}, {10, 5}}, {2, 16, {10, 5}, {20, 5}, {208, 48}, {9, 4}},
+        {2, 16, {20, 5}, {10, 5}, {208, 48}, {9, 4}},  {1, 1, {10, 5}, {20, 5}, {13, 3}, {9, 4}},
+        {3, 4, {10, 5}, {20, 5}, {56, 16}, {9, 4}},    {2, 16, {0, 0}, {4, 4}, {112, 112}, {0, 0}},
+        {2, 16, {-3, -3}, {0, 0}, {96, 96}, {-3, -3}}, {0, 16, {1, 1}, {1, 1}, {16, 16}, {1, 1}},
+    };
+    for (const auto& c : cases) {
+        for (const LONG penType : {0, 1}) {
+            CDrawGraph shape;
+            shape.SetLine(c.from, c.to);
+            shape.SetPenSize(c.penSize);
+            shape.SetPenType(penType);
+            shape.SetAntiScale(c.scale);
+            const Mask mask = DrawMask(shape, &CDrawGraph::DispBwBmp_Line);
+            EXPECT_EQ(CSize(mask.bits.Width, mask.bits.Height), CSize(c.size));
+            EXPECT_EQ(CPoint(mask.pos), CPoint(c.pos));
+        }
+    }
+}
+
+// Straight shapes to the pixel: the pen covers half its width to both sides, the lesser
+// coordinates included, and rectangles leave out their last row and column.
+TEST(ShapeMask, StraightShapesAreExact) {
+    struct {
+        const char* what;
+        Draw draw;
+        LONG penType;
+        LONG fill;
+        std::function<bool(LONG, LONG)> covered;
+    } const cases[] = {
+        {"flat line", &CDrawGraph::DispBwBmp_Line, 1, 0,
+         [](LONG x, LONG y) { return x >= 8 && x < 168 && y < 16; }},
+        {"mitred outline", &CDrawGraph::DispBwBmp_Rect, 1, 0,
+         [](LONG x, LONG y) {
+             return x < 175 && y < 111 && !(x >= 16 && x < 159 && y >= 16 && y < 95);
+         }},
+        {"mitred fill", &CDrawGraph::DispBwBmp_Rect, 1, 1,
+         [](LONG x, LONG y) { return x < 175 && y < 111; }},
+    };
+    for (const auto& c : cases) {
+        const bool line = c.draw == &CDrawGraph::DispBwBmp_Line;
+        CDrawGraph shape;
+        const tagRECT rect{10, 5, 20, 11};
+        shape.SetRect(&rect);
+        if (line) {
+            shape.SetLine({10, 5}, {20, 5});
+        }
+        shape.SetPenType(c.penType);
+        shape.SetFillMode(c.fill);
+        const Mask mask = DrawMask(shape, c.draw);
+        for (LONG y = 0; y < mask.bits.Height; ++y) {
+            for (LONG x = 0; x < mask.bits.Width; ++x) {
+                ASSERT_EQ(mask.At(x, y), c.covered(x, y)) << c.what << " at " << x << ", " << y;
+            }
+        }
+    }
+}
+
+// A shape's true outline as a chain of points so dense that distances to it are as good as exact.
+struct Outline {
+    std::vector<std::pair<double, double>> points;
+
+    void Line(double x0, double y0, double x1, double y1) {
+        for (int i = 0; i < 4000; ++i) {
+            const double t = i / 4000.0;
+            points.emplace_back(x0 + (x1 - x0) * t, y0 + (y1 - y0) * t);
+        }
+    }
+    void Arc(double cx, double cy, double rx, double ry, double from, double to) {
+        for (int i = 0; i < 8000; ++i) {
+            const double a = from + (to - from) * i / 8000.0;
+            points.emplace_back(cx + rx * std::cos(a), cy + ry * std::sin(a));
+        }
+    }
+    double Distance(double x, double y) const {
+        double least = 1e30;
+        for (const auto& [px, py] : points) {
+            least = std::min(least, (px - x) * (px - x) + (py - y) * (py - y));
+        }
+        return std::sqrt(least);
+    }
+    bool Inside(double x, double y) const {
+        bool inside = false;
+        for (std::size_t i = 0, j = points.size() - 1; i < points.size(); j = i++) {
+            const auto [xi, yi] = points[i];
+            const auto [xj, yj] = points[j];
+            if ((yi > y) != (yj > y) && x < (xj - xi) * (y - yi) / (yj - yi) + xi) {
+                inside = !inside;
+            }
+        }
+        return inside;
+    }
+};
+
+// Round pens: a pixel is covered within half the pen of the outline, and inside when filled.
+void CheckRound(const char* what, CDrawGraph shape, Draw draw, const Outline& outline,
+                bool closed) {
+    const double half = shape.GetPenSize() * shape.GetAntiScale() / 2.0;
+    for (const LONG fill : {0, 1}) {
+        shape.SetFillMode(fill);
+        const Mask mask = DrawMask(shape, draw);
+        std::mt19937 random(7);
+        for (int i = 0; i < 600; ++i) {
+            const auto x = static_cast<LONG>(random() % static_cast<unsigned>(mask.bits.Width));
+            const auto y = static_cast<LONG>(random() % static_cast<unsigned>(mask.bits.Height));
+            const double distance = outline.Distance(x + 0.5, y + 0.5);
+            if (std::abs(distance - half) <= 1.0) {
+                continue;
+            }
+            const bool covered =
+                distance < half || (closed && fill != 0 && outline.Inside(x + 0.5, y + 0.5));
+            ASSERT_EQ(mask.At(x, y), covered)
+                << what << ", fill " << fill << ", " << x << ", " << y;
+        }
+    }
+}
+
+TEST(ShapeMask, CurvesLieWhereGeometryHasThem) {
+    constexpr double kPi = std::numbers::pi;
+    const tagRECT wide{10, 10, 110, 40};
+    for (const LONG penSize : {1, 6, 14}) {
+        const double pad = penSize * 8 / 2;
+        CDrawGraph shape;
+        shape.SetAntiScale(8);
+        shape.SetPenSize(penSize);
+        // Enlarged corners (pad, pad) and (800 + pad, 240 + pad), the last row and column left out.
+        const double cx = pad + 400.0;
+        const double cy = pad + 120.0;
+        const double rx = 399.5;
+        const double ry = 119.5;
+
+        shape.SetEllipse(&wide);
+        Outline ellipse;
+        ellipse.Arc(cx, cy, rx, ry, 0, 2 * kPi);
+        CheckRound("ellipse", shape, &CDrawGraph::DispBwBmp_Ellipse, ellipse, true);
+
+        shape.SetRoundRect(&wide, {20, 10});
+        Outline round;
+        round.Arc(cx - rx + 80, cy - ry + 40, 80, 40, kPi, 1.5 * kPi);
+        round.Line(cx - rx + 80, cy - ry, cx + rx - 80, cy - ry);
+        round.Arc(cx + rx - 80, cy - ry + 40, 80, 40, -0.5 * kPi, 0);
+        round.Line(cx + rx, cy - ry + 40, cx + rx, cy + ry - 40);
+        round.Arc(cx + rx - 80, cy + ry - 40, 80, 40, 0, 0.5 * kPi);
+        round.Line(cx + rx - 80, cy + ry, cx - rx + 80, cy + ry);
+        round.Arc(cx - rx + 80, cy + ry - 40, 80, 40, 0.5 * kPi, kPi);
+        round.Line(cx - rx, cy + ry - 40, cx - rx, cy - ry + 40);
+        CheckRound("rounded rectangle", shape, &CDrawGraph::DispBwBmp_RoundRect, round, true);
+
+        // From 12 o'clock to a true 45 degrees right of 6 o'clock, on a flattened ellipse.
+        shape.SetPie(&wide, 0, 135);
+        const double end = std::atan2(rx, ry);
+        Outline pie;
+        pie.Line(cx, cy, cx, cy - ry);
+        pie.Arc(cx, cy, rx, ry, -0.5 * kPi, end);
+        pie.Line(cx + rx * std::cos(end), cy + ry * std::sin(end), cx, cy);
+        CheckRound("wedge", shape, &CDrawGraph::DispBwBmp_Pie, pie, true);
+
+        const tagPOINT bent[] = {{10, 10}, {110, 40}, {10, 40}, {110, 10}};
+        shape.SetSpline(bent, 4);
+        Outline spline;
+        for (int i = 0; i < 8000; ++i) {
+            const double t = i / 8000.0;
+            const double b[] = {(1 - t) * (1 - t) * (1 - t), 3 * t * (1 - t) * (1 - t),
+                                3 * t * t * (1 - t), t * t * t};
+            const double x = 800 * (b[1] + b[3]) + pad + 0.5;
+            const double y = 240 * (b[1] + b[2]) + pad + 0.5;
+            spline.points.emplace_back(x, y);
+        }
+        CheckRound("looping spline", shape, &CDrawGraph::DispBwBmp_Spline, spline, false);
+    }
+}
+
+TEST(ShapeMask, AreasAreTrue) {
+    const tagRECT square{0, 0, 200, 200};
+    const double r = (200 * 16 - 1) / 2.0;
+    const double half = 5 * 16 / 2.0;
+    CDrawGraph shape;
+    shape.SetPenSize(5);
+    shape.SetEllipse(&square);
+    const double ring = std::numbers::pi * ((r + half) * (r + half) - (r - half) * (r - half));
+    EXPECT_NEAR(DrawMask(shape, &CDrawGraph::DispBwBmp_Ellipse).Area() / ring, 1.0, 0.002);
+    shape.SetFillMode(1);
+    const double disc = std::numbers::pi * (r + half) * (r + half);
+    EXPECT_NEAR(DrawMask(shape, &CDrawGraph::DispBwBmp_Ellipse).Area() / disc, 1.0, 0.002);
+}
+
+// Corners of a mitred pen: sharp up to the limit, cut beyond it.
+TEST(ShapeMask, SharpWedgesAreCutAtTheMitreLimit) {
+    const tagRECT square{0, 0, 100, 100};
+    CDrawGraph shape;
+    shape.SetPenType(1);
+    shape.SetPenSize(4);
+    shape.SetFillMode(1);
+    const auto leftOfCentre = [&](double opening) {
+        shape.SetPie(&square, 90 - opening / 2, 90 + opening / 2);
+        const Mask mask = DrawMask(shape, &CDrawGraph::DispBwBmp_Pie);
+        LONG x = 0;
+        while (!mask.At(x, 832)) {
+            ++x;
+        }
+        return 832 - x;
+    };
+    // 1 / sin(10 degrees) = 5.76 half pens of 32; 1 / sin(4 degrees) would be 14.3.
+    EXPECT_NEAR(leftOfCentre(20), 184, 4);
+    EXPECT_LT(leftOfCentre(8), 33);
+}
+
+TEST(ShapeMask, DegenerateShapes) {
+    CDrawGraph shape;
+    shape.SetPenSize(4);
+    const tagPOINT one{10, 10};
+    shape.SetPolyLine(&one, 1);
+    EXPECT_EQ(DrawMask(shape, &CDrawGraph::DispBwBmp_PolyLine).Area(), 0.0);
+    shape.SetLine(one, one);
+    EXPECT_NEAR(DrawMask(shape, &CDrawGraph::DispBwBmp_Line).Area() / (32 * 32 * 3.14159), 1, 0.01);
+    shape.SetPenType(1);
+    EXPECT_EQ(DrawMask(shape, &CDrawGraph::DispBwBmp_Line).Area(), 0.0);
+    const tagPOINT five[] = {{0, 0}, {5, 5}, {9, 2}, {12, 4}, {20, 9}};
+    shape.SetSpline(five, 5);
+    const Mask spline = DrawMask(shape, &CDrawGraph::DispBwBmp_Spline);
+    EXPECT_EQ(spline.Area(), 0.0);
+    EXPECT_EQ(CPoint(spline.pos), CPoint(-1, -1));
+}
+
+TEST(ShapeMask, SizesBeyondReasonGiveNoMask) {
+    const tagPOINT far[] = {{INT_MIN, INT_MIN}, {INT_MAX, INT_MAX}};
+    struct {
+        LONG penSize;
+        LONG scale;
+        tagPOINT to;
+    } const cases[] = {{1, 16, far[1]},     {INT_MAX, 16, {3, 3}}, {INT_MIN, 4, {3, 3}},
+                       {-40, 16, {3, 3}},   {1, 0, {3, 3}},        {1, -4, {3, 3}},
+                       {1, INT_MIN, far[1]}};
+    for (const auto& c : cases) {
+        CDrawGraph shape;
+        shape.SetLine(c.to.x == 3 ? tagPOINT{0, 0} : far[0], c.to);
+        shape.SetPenSize(c.penSize);
+        shape.m_Info.AntiScale = c.scale;
+        const Mask mask = DrawMask(shape, &CDrawGraph::DispBwBmp_Line);
+        EXPECT_EQ(mask.bits.Bits, nullptr);
+        CKVFrameBuffer fb(8, 8, 1);
+        EXPECT_EQ(shape.DrawFrame(&fb), 0);
+    }
+}
+
+TEST(ShapeMask, DrawFrameStoresThePlaceAndTheArea) {
+    CDrawGraph shape;
+    const tagRECT rect{10, 20, 30, 40};
+    shape.SetRect(&rect);
+    shape.SetPenSize(2);
+    shape.SetFillMode(1);
+    CKVFrameBuffer fb(64, 64, 1);
+    EXPECT_EQ(shape.DrawFrame(&fb), 0);
+    EXPECT_EQ(shape.m_Info.Pos_X, 9);
+    EXPECT_EQ(fb.GetBufferDWord()[30 * 64 + 20], 0xFFFFFFFFu);
+    EXPECT_EQ(fb.GetBufferDWord()[30 * 64 + 8], 0u);
+    const CRect touched = shape.GetDispEria().GetRect();
+    CBox eria;
+    CBox body;
+    CBox edge;
+    CBox shad;
+    CKVFrameBuffer own;
+    EXPECT_EQ(shape.DrawFrameEria(&own, eria, body, edge, shad), 0);
+    EXPECT_EQ(eria.GetRect(), touched);
+    EXPECT_EQ(own.GetWH(), eria.Size());
+}
+
+// A draw takes the coverage without the mask: it must be what the mask reduces to, whatever the
+// kind, the pen, the fill and the scale.
+TEST(ShapeMask, CoverageIsThatOfTheReducedMask) {
+    std::mt19937 random(3);
+    const auto coordinate = [&] { return static_cast<LONG>(random() % 60) - 20; };
+    for (int i = 0; i < 1500; ++i) {
+        CDrawGraph shape;
+        shape.m_GraphType = 1 + static_cast<LONG>(random() % 8);
+        const int points = shape.m_GraphType == CDrawGraph::kSpline ? 7 : 3 + i % 9;
+        for (int k = 0; k < points; ++k) {
+            shape.m_Point.Add(CPoint(coordinate(), coordinate()));
+        }
+        shape.SetFillMode(static_cast<LONG>(random() % 2));
+        shape.SetPenType(static_cast<LONG>(random() % 2));
+        shape.SetPenSize(static_cast<LONG>(random() % 9) - 1);
+        shape.SetAntiScale(static_cast<LONG>(random() % 17));
+        shape.m_DegStart = static_cast<double>(random() % 360);
+        shape.m_DegEnd = static_cast<double>(random() % 360);
+
+        const kv::shape::EnlargedShape enlarged(shape, kv::shape::FormOf(shape.m_GraphType));
+        CKVMonoBitmap mask;
+        enlarged.ToMask(mask);
+        CKVGrayBitmap reduced;
+        ASSERT_EQ(CKVBwDraw().MakeAntiGray(shape.GetAntiScale(), &mask, &reduced), 0);
+        CKVGrayBitmap coverage;
+        ASSERT_EQ(enlarged.ToCoverage(coverage), 0);
+        ASSERT_EQ(coverage.Width, reduced.Width);
+        ASSERT_EQ(coverage.Height, reduced.Height);
+        ASSERT_TRUE(std::equal(coverage.Bits, coverage.Bits + coverage.Size, reduced.Bits))
+            << "kind " << shape.m_GraphType << ", scale " << shape.GetAntiScale();
+    }
+}
+
+}  // namespace
