@@ -21,6 +21,7 @@ struct Entry {
 
 std::span<const Entry> Captions();
 std::span<const Entry> Effects();
+std::span<const Entry> Shapes();
 std::span<const Entry> Files();
 
 /// Makes the picture and fills it with an evening sky, opaque, for light titles.
