@@ -13,6 +13,8 @@ int PaintLayer(CKVBwDraw& draw, const tagMAPINFO& paint, Layer& layer) {
     switch (paint.Mode) {
         case 0:
             return draw.MakeFb_Color(&layer.coverage, &layer.picture, paint.Col);
+        case 1:
+            return draw.MakeFb_Grad(&layer.coverage, &layer.picture, paint.Grad);
         default:
             return -1;
     }

@@ -1,5 +1,3 @@
-#include <type_traits>
-
 #include <CKVBwDraw.h>
 #include <CKVFrameBuffer.h>
 #include <CKVGrayBitmap.h>
@@ -7,22 +5,6 @@
 #include "effect/vector.h"
 
 namespace {
-
-// Pixels from their low and high words.
-template <class Words>
-KV_FORCE_INLINE void StoreInterleaved(DWORD* to, const Words& low, const Words& high) {
-    constexpr std::size_t kHalf = sizeof(Words) / sizeof(DWORD);
-    if constexpr (std::is_same_v<Words, kv::Words16>) {
-        kv::Store(to, Words(__builtin_shufflevector(low, high, 0, 16, 1, 17, 2, 18, 3, 19, 4, 20, 5,
-                                                    21, 6, 22, 7, 23)));
-        kv::Store(to + kHalf, Words(__builtin_shufflevector(low, high, 8, 24, 9, 25, 10, 26, 11, 27,
-                                                            12, 28, 13, 29, 14, 30, 15, 31)));
-    } else {
-        kv::Store(to, Words(__builtin_shufflevector(low, high, 0, 8, 1, 9, 2, 10, 3, 11)));
-        kv::Store(to + kHalf,
-                  Words(__builtin_shufflevector(low, high, 4, 12, 5, 13, 6, 14, 7, 15)));
-    }
-}
 
 // key = colour key * coverage / 255. For x = product + 1 up to 255 * 255 + 1 the quotient is
 // x * 257 / 65536, in 16 bits (x + x / 256) / 256. Where the coverage is 0 the whole pixel is.
@@ -36,7 +18,11 @@ KV_FORCE_INLINE void PaintBlock(const BYTE* coverage, DWORD colour, DWORD* pixel
     const Words covered = reinterpret_cast<Words>(level != 0);
     const Words low = covered & static_cast<WORD>(colour);
     const Words high = covered & (key << 8 | static_cast<WORD>(colour >> 16 & 0xFF));
-    StoreInterleaved(pixels, low, high);
+    Words first;
+    Words second;
+    kv::Interleave(low, high, first, second);
+    kv::Store(pixels, first);
+    kv::Store(pixels + sizeof(Words) / sizeof(DWORD), second);
 }
 
 // Words is as wide as the level's registers, since comparisons and shuffles are in it.

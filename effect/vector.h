@@ -18,6 +18,8 @@ using Bytes32 = BYTE __attribute__((vector_size(32)));
 using Bytes16 = BYTE __attribute__((vector_size(16)));
 using Quads2 = std::uint64_t __attribute__((vector_size(16)));
 using Quads4 = std::uint64_t __attribute__((vector_size(32)));
+using Dwords4 = DWORD __attribute__((vector_size(16)));
+using Dwords8 = DWORD __attribute__((vector_size(32)));
 using Words8 = std::uint16_t __attribute__((vector_size(16)));
 using Words16 = std::uint16_t __attribute__((vector_size(32)));
 using Shorts8 = std::int16_t __attribute__((vector_size(16)));
@@ -59,6 +61,20 @@ template <class Vector>
 KV_FORCE_INLINE bool Equal(const Vector& a, const Vector& b) {
     const Vector difference = a ^ b;
     return !AnyBit(difference);
+}
+
+/// Pairs of a low and a high word, in order: the first half of them, then the second.
+template <class Words>
+KV_FORCE_INLINE void Interleave(const Words& low, const Words& high, Words& first, Words& second) {
+    if constexpr (sizeof(Words) == sizeof(Words16)) {
+        first = __builtin_shufflevector(low, high, 0, 16, 1, 17, 2, 18, 3, 19, 4, 20, 5, 21, 6, 22,
+                                        7, 23);
+        second = __builtin_shufflevector(low, high, 8, 24, 9, 25, 10, 26, 11, 27, 12, 28, 13, 29,
+                                         14, 30, 15, 31);
+    } else {
+        first = __builtin_shufflevector(low, high, 0, 8, 1, 9, 2, 10, 3, 11);
+        second = __builtin_shufflevector(low, high, 4, 12, 5, 13, 6, 14, 7, 15);
+    }
 }
 
 /// The kernel for the level in force.

@@ -44,6 +44,31 @@ class KVDRAW_API CKVBwDraw {
     /// key is scaled by it, uncovered pixels are 0. -1 when a pointer is null or memory runs out.
     int MakeFb_Color(const CKVGrayBitmap* pGray, CKVFrameBuffer* pFb, const DWORD* pCol);
 
+    /// The same with a gradient: the ramp over the whole layer, then its key scaled by the
+    /// coverage. pGrad's x and y are pixels of this layer. Results as MakeFb_Color; pGrad null
+    /// gives -1.
+    int MakeFb_Grad(const CKVGrayBitmap* pGray, CKVFrameBuffer* pFb, const tagGRADINFO* pGrad);
+
+    /// Writes a bare ramp to Width * Height pixels, row after row without padding: Col2 where the
+    /// distance is 0, toward Col1 with growing distance, each byte by itself modulo 256 (a distance
+    /// beyond the ramp's length wraps). Patern 1 to 10 is the type; with (x, y) inside the layer it
+    /// is that + 100, and 0 becomes 100. Any other Patern is the horizontal ramp of length Width.
+    /// Nothing is written for a null pPixels or a size below 1. Always 0.
+    int Pis_Grad_Paint(DWORD* pPixels, int Width, int Height, int x, int y, DWORD Col1, DWORD Col2,
+                       int Patern);
+
+    /// Length and centre of a ramp between inclusive bounds, in pixels. *pLen, held to the range of
+    /// int, is always written; *pCx and *pCy for the types 4 to 10 (the middle) and 104 to 110 (the
+    /// given point) only, and may be null for others. Types 100 to 103 take their length from the
+    /// given point; any type without a rule is the horizontal ramp. Always 0.
+    int Pis_Grad_Paint_Set1(int Type, int x, int y, int Left, int Top, int Right, int Bottom,
+                            int* pCx, int* pCy, int* pLen);
+
+    /// *pOut becomes the distance of the pixel (PosX, PosY), 0 at Col2 and negative toward Col1.
+    /// Cx and Cy are read for the types that have a centre. Always 0.
+    int Pis_Grad_Paint_Conv(int Type, int PosX, int PosY, int Left, int Top, int Right, int Bottom,
+                            int Cx, int Cy, double* pOut);
+
     /// Makes pDst the source grown by Size, with its origin Size pixels left of and above the
     /// source's: 2 * Size more columns than the source's Pitch, 2 * Size more rows. Type 0 is the
     /// hard form, any other the soft one. -1 with pDst unchanged when Size is below 1 or pSrc

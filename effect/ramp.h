@@ -1,0 +1,71 @@
+#pragma once
+
+#include <cstddef>
+
+#include <CKVGrayBitmap.h>
+
+namespace kv {
+
+/// What a ramp's distance is measured from, numbered as the types 1 to 10 (0 for all others).
+enum class RampShape {
+    kHorizontal = 0,
+    kVertical = 1,
+    kTowardRight = 2,  // diagonal, Col2 in the bottom right corner
+    kTowardLeft = 3,   // diagonal, Col2 in the bottom left corner
+    kDiamond = 4,
+    kSquare = 5,
+    kCircle = 6,
+    kColumnBand = 7,
+    kRowBand = 8,
+    kRisingBand = 9,
+    kFallingBand = 10
+};
+
+/// Types from 100 on have the shapes of those from 0 on.
+constexpr int kRampWithPoint = 100;
+
+RampShape ShapeOf(int type);
+
+/// A ramp over a layer whose top left pixel is (0, 0).
+struct Ramp {
+    int type;
+    LONG width;
+    LONG height;
+    LONG centreX;
+    LONG centreY;
+    DWORD colour;    // at distance 0
+    double step[4];  // change of each byte for one unit of distance, blue first
+
+    /// The colour at a distance. A product loses its fraction toward 0; sums wrap at a byte.
+    DWORD At(double distance) const {
+        DWORD pixel = 0;
+        for (unsigned byte = 0; byte < 4; ++byte) {
+            const auto change = static_cast<std::int64_t>(distance * step[byte]);
+            const std::int64_t sum = change + (colour >> 8 * byte & 0xFF);
+            pixel |= static_cast<DWORD>(sum & 0xFF) << 8 * byte;
+        }
+        return pixel;
+    }
+};
+
+/// Where a ramp goes: rows of the ramp's width, painted in any order and each finished once.
+struct RampTarget {
+    DWORD* pixels;
+    std::size_t width;
+    const CKVGrayBitmap* coverage;  // of the layer's size; null leaves the ramp bare
+
+    DWORD* Row(LONG y) const { return pixels + static_cast<std::size_t>(y) * width; }
+
+    /// Applies the row's coverage.
+    void Finish(LONG y) const;
+};
+
+/// Every shape but the circle: all distances are whole numbers. False, with nothing painted, when
+/// there is no memory.
+bool PaintStraightRamp(const Ramp& ramp, const RampTarget& target);
+
+/// The circle. False, with nothing painted, when there is no memory or the layer is so long that
+/// doubles do not hold the squares of its distances.
+bool PaintCircleRamp(const Ramp& ramp, const RampTarget& target);
+
+}  // namespace kv
