@@ -56,27 +56,40 @@ void PaintRamp(CKVBwDraw& draw, const kv::Ramp& ramp, const kv::RampTarget& targ
 // is spread to the upper words of the pixels, where the key is. Without coverage a pixel is 0.
 template <class Words>
 KV_FORCE_INLINE void CoverPixels(const Words& levels, DWORD* pixels) {
-    using Dwords = std::conditional_t<std::is_same_v<Words, kv::Words16>, kv::Dwords8, kv::Dwords4>;
+    constexpr bool kWide = std::is_same_v<Words, kv::Words16>;
+    using Ints = std::conditional_t<kWide, kv::Ints8, kv::Ints4>;
+    using Dwords = std::conditional_t<kWide, kv::Dwords8, kv::Dwords4>;
     Words words;
     kv::Load(words, pixels);
-    const Words next = (words >> 8) * levels + 1;
+    const Words product = (words >> 8) * levels;
+    const Words next = reinterpret_cast<Words>(reinterpret_cast<Dwords>(product) + 0x10000);
     const Words key = (next + (next >> 8)) & 0xFF00;
-    const auto covered = reinterpret_cast<Dwords>(reinterpret_cast<Dwords>(levels) != 0);
-    const Dwords rest = reinterpret_cast<Dwords>(words) & 0x00FFFFFF;
-    const Dwords keys = reinterpret_cast<Dwords>(key) & 0xFF000000;
-    kv::Store(pixels, Dwords(covered & (rest | keys)));
+    const auto covered = reinterpret_cast<Dwords>(reinterpret_cast<Ints>(levels) > 0);
+    const Dwords rest = reinterpret_cast<Dwords>(words) & covered >> 8;
+    kv::Store(pixels, Dwords(rest | reinterpret_cast<Dwords>(key)));
 }
 
+// Most blocks of a layer are wholly covered, which changes nothing, or not at all.
 template <class Words>
 KV_FORCE_INLINE void CoverBlock(const BYTE* coverage, DWORD* pixels) {
+    constexpr std::size_t kHalf = sizeof(Words) / sizeof(DWORD);
     BYTE bytes __attribute__((vector_size(sizeof(Words) / 2)));
     kv::Load(bytes, coverage);
+    std::uint64_t quads[kHalf / 4];
+    std::memcpy(quads, coverage, sizeof(quads));
+    if ((quads[0] & quads[kHalf / 4 - 1]) == ~std::uint64_t{0}) {
+        return;
+    }
+    if ((quads[0] | quads[kHalf / 4 - 1]) == 0) {
+        std::memset(pixels, 0, 2 * kHalf * sizeof(DWORD));
+        return;
+    }
     const auto levels = __builtin_convertvector(bytes, Words);
     Words first;
     Words second;
     kv::Interleave(Words{}, levels, first, second);
     CoverPixels(first, pixels);
-    CoverPixels(second, pixels + sizeof(Words) / sizeof(DWORD));
+    CoverPixels(second, pixels + kHalf);
 }
 
 // Words is as wide as the level's registers, since comparisons and shuffles are in it.

@@ -14,49 +14,64 @@ namespace kv {
 namespace {
 
 using Doubles4 = double __attribute__((vector_size(32)));
-using Ints4 = std::int32_t __attribute__((vector_size(16)));
 
 constexpr std::size_t kBlock = 4;
 constexpr LONG kLongestReach = 1 << 26;  // two squares of it sum to a whole number in a double
 
-// An arc is the colours of a row at the columns 0, 1, 2... from the centre:
+// The colours of a row at the columns 0, 1, 2... from the centre:
 //   d = -sqrt(column * column + row * row), byte = trunc(d * step) + byte of the colour.
-// The root is the level's own; no change leaves 32 bits, since no distance exceeds the length much.
-KV_FORCE_INLINE void Squares(std::size_t column, double rowSquare, Doubles4& squares) {
-    const auto x = static_cast<double>(column);
-    const Doubles4 columns = {x, x + 1, x + 2, x + 3};
-    squares = columns * columns + rowSquare;
-}
+// Four at a time; the root between the two halves is the level's own. No change leaves 32 bits,
+// since no distance exceeds the length by much.
+struct Arc {
+    Doubles4 columns = {0, 1, 2, 3};
+    Doubles4 rowSquare = {};
+    Doubles4 step[4];
+    Ints4 base[4];
 
-KV_FORCE_INLINE void StoreColours(const Ramp& ramp, const Doubles4& roots, DWORD* pixels) {
-    Ints4 colours = {};
-    for (int byte = 0; byte < 4; ++byte) {
-        const Doubles4 change = -roots * ramp.step[byte];
-        const auto base = static_cast<std::int32_t>(ramp.colour >> 8 * byte & 0xFF);
-        const Ints4 sum = __builtin_convertvector(change, Ints4) + base;
-        colours |= (sum & 0xFF) << 8 * byte;
+    KV_FORCE_INLINE Arc(const Ramp& ramp, double row) {
+        rowSquare += row * row;
+        for (int byte = 0; byte < 4; ++byte) {
+            step[byte] = Doubles4{} - ramp.step[byte];
+            base[byte] = Ints4{} + static_cast<std::int32_t>(ramp.colour >> 8 * byte & 0xFF);
+        }
     }
-    Store(pixels, colours);
-}
 
-void ArcPlain(const Ramp& ramp, double rowSquare, std::size_t count, DWORD* arc) {
+    KV_FORCE_INLINE void NextSquares(Doubles4& squares) {
+        squares = columns * columns + rowSquare;
+        columns += kBlock;
+    }
+
+    KV_FORCE_INLINE void StoreColours(const Doubles4& roots, DWORD* pixels) const {
+        Ints4 colours = {};
+        for (int byte = 0; byte < 4; ++byte) {
+            const Doubles4 change = roots * step[byte];
+            const Ints4 sum = __builtin_convertvector(change, Ints4) + base[byte];
+            colours |= (sum & 0xFF) << 8 * byte;
+        }
+        Store(pixels, colours);
+    }
+};
+
+void ArcPlain(const Ramp& ramp, double row, std::size_t count, DWORD* pixels) {
+    Arc arc(ramp, row);
     for (std::size_t at = 0; at < count; at += kBlock) {
         Doubles4 values;
-        Squares(at, rowSquare, values);
+        arc.NextSquares(values);
         for (std::size_t i = 0; i < kBlock; ++i) {
             values[i] = std::sqrt(values[i]);
         }
-        StoreColours(ramp, values, arc + at);
+        arc.StoreColours(values, pixels + at);
     }
 }
 
 #if KV_HAS_AVX2_PATH
-KV_TARGET_AVX2 void ArcAvx2(const Ramp& ramp, double rowSquare, std::size_t count, DWORD* arc) {
+KV_TARGET_AVX2 void ArcAvx2(const Ramp& ramp, double row, std::size_t count, DWORD* pixels) {
+    Arc arc(ramp, row);
     for (std::size_t at = 0; at < count; at += kBlock) {
         Doubles4 values;
-        Squares(at, rowSquare, values);
+        arc.NextSquares(values);
         values = _mm256_sqrt_pd(values);
-        StoreColours(ramp, values, arc + at);
+        arc.StoreColours(values, pixels + at);
     }
 }
 #else
@@ -85,7 +100,7 @@ bool PaintCircleRamp(const Ramp& ramp, const RampTarget& target) {
         }
     };
     for (LONG away = 0; away <= reachY; ++away) {
-        makeArc(ramp, static_cast<double>(away) * away, count, arc);
+        makeArc(ramp, away, count, arc);
         std::reverse_copy(arc + 1, arc + 1 + left, row.get());
         place(ramp.centreY + away);
         if (away != 0) {
