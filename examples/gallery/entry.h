@@ -21,6 +21,7 @@ struct Entry {
 
 std::span<const Entry> Captions();
 std::span<const Entry> Effects();
+std::span<const Entry> Gradients();
 std::span<const Entry> Shapes();
 std::span<const Entry> Files();
 
