@@ -66,13 +66,17 @@ void Drawing::ReadCoverage(std::int32_t scale, std::int32_t columns, std::uint8_
     RunSet set;
     for (std::int32_t row = 0; row < blocks * scale; ++row) {
         set.Clear();
-        for (Cursor& cursor : cursors) {
+        for (const Cursor& cursor : cursors) {
             if (cursor.more && cursor.row == row) {
                 cursor.value ? set.Add(cursor.runs) : set.Remove(cursor.runs);
-                cursor.Step();
             }
         }
         counter.Add(set.Runs());
+        for (Cursor& cursor : cursors) {
+            if (cursor.more && cursor.row == row) {
+                cursor.Step();
+            }
+        }
         if ((row + 1) % scale == 0) {
             counter.Write(coverage);
             coverage += stride;

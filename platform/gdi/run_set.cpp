@@ -4,48 +4,53 @@
 
 namespace kv::gdi {
 
-void RunSet::Append(Run run) {
-    if (!m_Runs.empty() && run.begin <= m_Runs.back().end) {
-        m_Runs.back().end = std::max(m_Runs.back().end, run.end);
-    } else {
-        m_Runs.push_back(run);
-    }
-}
-
 void RunSet::Add(std::span<const Run> runs) {
-    if (m_Runs.empty()) {
-        m_Runs.assign(runs.begin(), runs.end());
+    if (m_View.empty()) {
+        m_View = runs;
         return;
     }
-    m_Before.swap(m_Runs);
-    m_Runs.clear();
-    auto old = m_Before.begin();
+    m_Next.resize(m_View.size() + runs.size());
+    Run* out = m_Next.data();
+    auto old = m_View.begin();
     auto added = runs.begin();
-    while (old != m_Before.end() || added != runs.end()) {
+    const bool addedFirst = !runs.empty() && added->begin < old->begin;
+    Run open = addedFirst ? *added++ : *old++;
+    while (old != m_View.end() || added != runs.end()) {
         const bool takeOld =
-            added == runs.end() || (old != m_Before.end() && old->begin <= added->begin);
-        Append(takeOld ? *old++ : *added++);
+            added == runs.end() || (old != m_View.end() && old->begin <= added->begin);
+        const Run next = takeOld ? *old++ : *added++;
+        if (next.begin > open.end) {
+            *out++ = open;
+            open = next;
+        } else {
+            open.end = std::max(open.end, next.end);
+        }
     }
+    *out++ = open;
+    m_Next.resize(static_cast<std::size_t>(out - m_Next.data()));
+    m_Runs.swap(m_Next);
+    m_View = m_Runs;
 }
 
 void RunSet::Remove(std::span<const Run> runs) {
-    m_Before.swap(m_Runs);
-    m_Runs.clear();
+    m_Next.clear();
     auto removed = runs.begin();
-    for (Run run : m_Before) {
+    for (Run run : m_View) {
         while (removed != runs.end() && removed->end <= run.begin) {
             ++removed;
         }
         for (auto hole = removed; hole != runs.end() && hole->begin < run.end; ++hole) {
             if (hole->begin > run.begin) {
-                m_Runs.push_back({run.begin, hole->begin});
+                m_Next.push_back({run.begin, hole->begin});
             }
             run.begin = std::min(hole->end, run.end);
         }
         if (run.begin < run.end) {
-            m_Runs.push_back(run);
+            m_Next.push_back(run);
         }
     }
+    m_Runs.swap(m_Next);
+    m_View = m_Runs;
 }
 
 }  // namespace kv::gdi

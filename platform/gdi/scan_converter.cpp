@@ -201,16 +201,20 @@ std::size_t ScanConverter::ConvertRow() {
         std::sort(m_Crossings.begin(), m_Crossings.end(),
                   [](const Crossing& a, const Crossing& b) { return a.column < b.column; });
     }
-    return m_Rule == FillRule::kAlternate ? MakeRuns<FillRule::kAlternate>()
-                                          : MakeRuns<FillRule::kWinding>();
+    return m_Rule == FillRule::kAlternate ? MakeAlternateRuns() : MakeWindingRuns();
 }
 
 /// Takes the crossings of the row above to this one.
 void ScanConverter::Advance(std::int32_t row) {
+    // Out of the object, so that the compiler need not fetch them again after every store.
+    Edge* const edges = m_Edges.data();
+    Crossing* const crossings = m_Crossings.data();
+    const std::size_t count = m_Crossings.size();
     std::size_t kept = 0;
-    for (std::size_t i = 0; i < m_Crossings.size(); ++i) {
-        Crossing crossing = m_Crossings[i];
-        Edge& edge = m_Edges[crossing.edge];
+    std::int64_t furthest = std::numeric_limits<std::int64_t>::min();
+    for (std::size_t i = 0; i < count; ++i) {
+        Crossing crossing = crossings[i];
+        Edge& edge = edges[crossing.edge];
         if (edge.endRow != row) {
             const std::int64_t left = edge.deficit - edge.deficitStep;
             const std::int64_t borrow = left >> 63;
@@ -218,11 +222,16 @@ void ScanConverter::Advance(std::int32_t row) {
             crossing.column += edge.columnStep - borrow;
         } else if (edge.follow != kNone) {
             crossing.edge = edge.follow;
-            crossing.column = m_Edges[edge.follow].column;
+            crossing.column = edges[edge.follow].column;
         } else {
             continue;
         }
-        Insert(kept++, crossing);
+        if (crossing.column >= furthest) {
+            furthest = crossing.column;
+            crossings[kept++] = crossing;
+        } else {
+            Insert(kept++, crossing);
+        }
     }
     m_Crossings.resize(kept);
 }
@@ -251,40 +260,67 @@ void ScanConverter::Insert(std::size_t place, const Crossing& crossing) {
     m_Crossings[place] = crossing;
 }
 
-template <FillRule kRule>
-std::size_t ScanConverter::MakeRuns() {
-    Run* const runs = m_Runs.data();
-    std::size_t count = 0;
-    std::int32_t inside = 0;
-    std::int32_t begin = m_Clip.left;
-    const auto close = [&](std::int32_t end) {
+namespace {
+
+/// Collects the runs of a row, cut to the clip; neighbours that touch become one.
+class RunList {
+  public:
+    RunList(Run* runs, const Clip& clip) : m_Runs(runs), m_Left(clip.left), m_Right(clip.right) {}
+
+    void Add(std::int64_t from, std::int64_t to) {
+        const auto begin = static_cast<std::int32_t>(std::max<std::int64_t>(from, m_Left));
+        const auto end = static_cast<std::int32_t>(std::min<std::int64_t>(to, m_Right));
         if (begin >= end) {
             return;
         }
-        if (count > 0 && runs[count - 1].end == begin) {
-            runs[count - 1].end = end;
+        if (m_Count > 0 && m_Runs[m_Count - 1].end == begin) {
+            m_Runs[m_Count - 1].end = end;
         } else {
-            runs[count++] = {begin, end};
+            m_Runs[m_Count++] = {begin, end};
         }
-    };
+    }
+    std::size_t Count() const { return m_Count; }
+
+  private:
+    Run* m_Runs;
+    std::int32_t m_Left;
+    std::int32_t m_Right;
+    std::size_t m_Count = 0;
+};
+
+}  // namespace
+
+/// Between an odd crossing and the next one it is inside. What lies right of the clip may be
+/// missing, and so the last crossing's partner.
+std::size_t ScanConverter::MakeAlternateRuns() {
+    RunList runs(m_Runs.data(), m_Clip);
+    const std::size_t count = m_Crossings.size();
+    for (std::size_t i = 0; i < count && m_Crossings[i].column < m_Clip.right; i += 2) {
+        runs.Add(m_Crossings[i].column, i + 1 < count ? m_Crossings[i + 1].column : m_Clip.right);
+    }
+    return runs.Count();
+}
+
+std::size_t ScanConverter::MakeWindingRuns() {
+    RunList runs(m_Runs.data(), m_Clip);
+    std::int32_t winding = 0;
+    std::int64_t begin = 0;
     for (const Crossing& crossing : m_Crossings) {
         if (crossing.column >= m_Clip.right) {
             break;
         }
-        const auto column =
-            static_cast<std::int32_t>(std::max<std::int64_t>(crossing.column, m_Clip.left));
-        const bool wasInside = inside != 0;
-        inside = kRule == FillRule::kAlternate ? inside ^ 1 : inside + crossing.winding;
-        if (!wasInside) {
-            begin = column;
-        } else if (inside == 0) {
-            close(column);
+        if (winding == 0) {
+            begin = crossing.column;
+        }
+        winding += crossing.winding;
+        if (winding == 0) {
+            runs.Add(begin, crossing.column);
         }
     }
-    if (inside != 0) {
-        close(m_Clip.right);
+    if (winding != 0) {
+        runs.Add(begin, m_Clip.right);
     }
-    return count;
+    return runs.Count();
 }
 
 }  // namespace kv::gdi

@@ -83,8 +83,8 @@ class ScanConverter {
     void Advance(std::int32_t row);
     void Enter(std::int32_t row);
     void Insert(std::size_t place, const Crossing& crossing);
-    template <FillRule kRule>
-    std::size_t MakeRuns();
+    std::size_t MakeAlternateRuns();
+    std::size_t MakeWindingRuns();
 
     std::vector<Edge> m_Edges;
     std::vector<std::uint32_t> m_Heads;  // the first of the edges that enter, by row
