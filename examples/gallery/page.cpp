@@ -42,13 +42,35 @@ std::string Escaped(const std::string& text) {
     return out;
 }
 
+// A static function of the entries with its body; empty when there is none of that name.
+std::string FunctionNamed(const std::string& sources, const std::string& name) {
+    const std::size_t call = sources.find(" " + name + "(");
+    const std::size_t begin = sources.rfind("\nstatic ", call);
+    const std::size_t end = sources.find("\n}\n", begin);
+    if (call == std::string::npos || begin == std::string::npos || end == std::string::npos) {
+        return "";
+    }
+    return sources.substr(begin + 1, end + 2 - begin);
+}
+
 }  // namespace
 
 std::string SourceOf(const Entry& entry) {
     const std::string sources(kSources);
-    const std::size_t begin = sources.find(std::string("static void ") + entry.name + "(");
-    const std::size_t end = sources.find("\n}\n", begin);
-    return begin == std::string::npos ? "" : sources.substr(begin, end + 3 - begin);
+    const std::string own = FunctionNamed(sources, entry.name);
+    // The helpers that it calls stand before it.
+    std::string helpers;
+    std::size_t at = 0;
+    while ((at = sources.find("\nstatic ", at)) != std::string::npos) {
+        const std::size_t bracket = sources.find('(', at);
+        const std::size_t begin = sources.rfind(' ', bracket) + 1;
+        const std::string name = sources.substr(begin, bracket - begin);
+        at = bracket;
+        if (name != entry.name && own.find(" " + name + "(") != std::string::npos) {
+            helpers += FunctionNamed(sources, name) + "\n";
+        }
+    }
+    return own.empty() ? own : helpers + own;
 }
 
 void Page::Add(const Entry& entry, CSize size) {
