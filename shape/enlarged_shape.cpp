@@ -34,7 +34,9 @@ EnlargedShape::EnlargedShape(const CDrawGraph& shape, const Form& form)
     const auto [minY, maxY] =
         std::minmax_element(m_Points.begin(), m_Points.end(),
                             [](const CPoint& a, const CPoint& b) { return a.y < b.y; });
-    m_Scale = shape.GetAntiScale();
+    // A hand-filled record may hold anything; so far out every size is beyond a mask.
+    constexpr LONG kMostScale = 1 << 16;
+    m_Scale = std::clamp(shape.GetAntiScale(), -kMostScale, kMostScale);
     m_OriginX = m_Scale * minX->x;
     m_OriginY = m_Scale * minY->y;
     m_PenWidth = m_Scale * shape.m_PenSize;

@@ -41,8 +41,10 @@ bool IsTooLarge(const CDrawGraph& shape) {
             high[axis] = std::max(high[axis], xy[axis]);
         }
     }
-    const double width = (static_cast<double>(high[0] - low[0]) + shape.GetPenSize() + 2.0) * 16;
-    const double height = (static_cast<double>(high[1] - low[1]) + shape.GetPenSize() + 2.0) * 16;
+    const double scale = shape.GetAntiScale();
+    const double pen = shape.GetPenSize() + 2.0;
+    const double width = (static_cast<double>(high[0] - low[0]) + pen) * scale;
+    const double height = (static_cast<double>(high[1] - low[1]) + pen) * scale;
     const double bits = width * height;
     return bits > 4e6 && bits < 4e10;
 }
