@@ -37,7 +37,7 @@ class KVDRAW_API CDrawGraph : public CObject,
     LONG m_GraphType = kNoShape;
     LONG m_FillMode = 0;             ///< 0 outline only, anything else solid inside
     LONG m_PenSize = 0;              ///< pen width; 0 and below: one enlarged pixel
-    LONG m_PenType = 0;              ///< 0 round ends and joins, else flat ends (and mitred joins)
+    LONG m_PenType = 0;              ///< 0 round; else flat ends, and sharp corners of Rect and Pie
     CArray<CPoint, CPoint> m_Point;  ///< the kind's points
     double m_DegStart = 0.0;   ///< start angle of a Pie in degrees, 0 at 12 o'clock, clockwise
     double m_DegEnd = 0.0;     ///< end angle of a Pie
@@ -62,8 +62,8 @@ class KVDRAW_API CDrawGraph : public CObject,
     /// shadow. m_DispEria and the record's position stay as they are.
     void SetDefault();
 
-    /// The setters store kind and points. Rectangles are normalised: the lesser coordinates first.
-    /// A list of fewer than 1 point is stored as an empty one.
+    /// The setters store kind and points. Rectangles are normalised: the lesser coordinates first;
+    /// the pointer must not be null. A null list, or one of fewer than 1 point, is stored as empty.
     void SetLine(tagPOINT a, tagPOINT b);
     void SetPolyLine(const tagPOINT* points, int count);
     void SetRect(const tagRECT* rect);
@@ -123,7 +123,8 @@ class KVDRAW_API CDrawGraph : public CObject,
     CBox& GetDispEria() { return m_DispEria; }
 
     /// Draws the shape into fb with all its effects and leaves the touched rectangle in m_DispEria.
-    /// 0, or 1 when there is no shape. A shape too large for memory is left undrawn.
+    /// 0, or 1 when there is no shape. A shape too large for memory is left undrawn, as everything
+    /// is for a null fb.
     int DrawFrame(CKVFrameBuffer* fb);
     /// Draws the shape by itself into fb, which is replaced by a buffer made to fit; the boxes are
     /// those of CKVBwDraw::SetFb. 0, or 1 when there is no shape.

@@ -38,12 +38,15 @@ class KVDRAW_API CDrawText : public CKVFont,
     /// record's position stay as they are.
     void SetDefault();
 
-    /// Family name; its first 32 bytes are kept. It is not checked that the family exists.
+    /// Family name; its first 32 bytes are kept, 31 are used. It is not checked that the family
+    /// exists.
     void SetFontName(const char* name);
-    /// Left end and lower edge of a horizontal line, left edge and upper end of a vertical one.
+    /// Left end and lower edge of a horizontal line's cells, left edge and upper end of a vertical
+    /// one. A Latin face's cells are moved down to the baseline of Japanese ones.
     void SetPos(LONG x, LONG y);
     void SetPos(CPoint pos) { SetPos(pos.x, pos.y); }
-    /// Character height in pixels and width in percent, 0 for 100.
+    /// Height of the character cell in pixels (a negative one is the em's) and width in percent, 0
+    /// for 100.
     void SetSize(LONG height, LONG widthPer);
     /// The same with the width in cx and the height in cy.
     void SetSize(CSize size) { SetSize(size.cy, size.cx); }
@@ -118,12 +121,14 @@ class KVDRAW_API CDrawText : public CKVFont,
     CSize GetFitSpMax() const { return {m_Font.FitSpMax_Max, m_Font.FitSpMax_Min}; }
     void GetFitSpMax(LONG* max, LONG* min) const;
 
-    /// 0 when a font of that name is there, 1 when not: a true result means trouble.
+    /// 0 when a font of that name is there or has a well-known substitute, 1 when not: a true
+    /// result means trouble.
     int CheckFontName(HWND window, const char* name);
     CBox& GetDispEria() { return m_DispEria; }
 
     /// Draws the line into fb with all its effects and leaves the touched rectangle in m_DispEria.
-    /// Always 0: an unknown font is drawn in a substitute, what cannot be drawn is left undrawn.
+    /// Always 0: an unknown font is drawn in a substitute, what cannot be drawn is left undrawn, as
+    /// everything is for a null fb. The window may be null.
     int DrawFrame(HWND window, CKVFrameBuffer* fb);
     /// Draws the line by itself into fb, which is replaced by a buffer made to fit. disp is the
     /// buffer's place in the scene; body, edge and shad are the layers' places within it. Always 0.

@@ -4,7 +4,8 @@
 
 /// The texture properties of a drawing object, which keeps the three file names in strings of its
 /// own (m_BodyFile, m_EdgeFile, m_ShadFile): the record's File pointers own nothing and point at
-/// the characters of those strings. A null name is taken as an empty one.
+/// the characters of those strings. A null name is taken as an empty one. This version does not
+/// paint textures: a body with one is not drawn, an edge or shadow with one is left out.
 ///
 /// Holder derives from this class, has the three strings as members and gives
 /// `tagKVBWDRAWINFO& EffectRecord()` and its const form. It must call ConnectAll after any copy of

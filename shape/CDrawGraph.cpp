@@ -88,7 +88,7 @@ void CDrawGraph::SetDefault() {
 void CDrawGraph::StorePoints(LONG kind, const tagPOINT* points, int count) {
     m_GraphType = kind;
     CArray<CPoint, CPoint> stored;  // apart, since the points may be this object's own
-    for (int i = 0; i < count; ++i) {
+    for (int i = 0; points != nullptr && i < count; ++i) {
         stored.Add(points[i]);
     }
     m_Point = std::move(stored);

@@ -51,7 +51,7 @@ int CDrawGraph::DrawFrame(CKVFrameBuffer* fb) {
     }
     kv::Layers layers;
     CKVBwDraw draw;
-    if (DrawBody(*this, layers.body.coverage)) {
+    if (DrawBody(*this, layers.body.coverage) && fb != nullptr) {
         kv::DisplayBody(draw, *fb, m_Info, layers, m_DispEria);
     }
     return 0;
@@ -63,7 +63,7 @@ int CDrawGraph::DrawFrameEria(CKVFrameBuffer* fb, CBox& eria, CBox& body, CBox& 
     }
     kv::Layers layers;
     CKVBwDraw draw;
-    if (DrawBody(*this, layers.body.coverage)) {
+    if (DrawBody(*this, layers.body.coverage) && fb != nullptr) {
         kv::SetBody(draw, *fb, m_Info, layers, m_DispEria, body, edge, shad);
     }
     eria = m_DispEria;

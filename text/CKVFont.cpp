@@ -56,7 +56,9 @@ int CKVFont::FontFbDisp(HWND window, tagKVFONTINFO* info, const char* text, CKVF
                         CBox* box) {
     CKVMonoBitmap mask;
     LayOutByDirection(*this, window, info, text, mask);
-    CKVBwDraw().DispFb(fb, &info->BwDrawInfo, &mask, box);
+    if (fb != nullptr) {
+        CKVBwDraw().DispFb(fb, &info->BwDrawInfo, &mask, box);
+    }
     return 0;
 }
 
@@ -64,6 +66,8 @@ int CKVFont::FontFbSet(HWND window, tagKVFONTINFO* info, const char* text, CKVFr
                        CBox& eria, CBox& body, CBox& edge, CBox& shad) {
     CKVMonoBitmap mask;
     LayOutByDirection(*this, window, info, text, mask);
-    CKVBwDraw().SetFb(fb, &info->BwDrawInfo, &mask, eria, body, edge, shad);
+    if (fb != nullptr) {
+        CKVBwDraw().SetFb(fb, &info->BwDrawInfo, &mask, eria, body, edge, shad);
+    }
     return 0;
 }

@@ -33,7 +33,7 @@ static void OutlinedShapes(CKVFrameBuffer& picture) {
     CDrawGraph shape;
     shape.SetPenSize(3);
     DrawKinds(picture, shape, 0);
-    shape.SetPenSize(14);
+    shape.SetPenSize(16);
     DrawKinds(picture, shape, 120);
 }
 
@@ -57,7 +57,7 @@ static void FlatPen(CKVFrameBuffer& picture) {
     shape.SetPenType(1);  // flat ends; sharp corners of rectangles and wedges
     shape.SetPenSize(3);
     DrawKinds(picture, shape, 0);
-    shape.SetPenSize(14);
+    shape.SetPenSize(16);
     DrawKinds(picture, shape, 120);
 }
 
@@ -83,7 +83,7 @@ static void ThickJoins(CKVFrameBuffer& picture) {
         shape.SetSpline(tight, 4);
         shape.DrawFrame(&picture);
         const tagPOINT cusp[] = {
-            {800, top + 150}, {940, top + 0}, {780, top + 0}, {920, top + 150}};
+            {800, top + 150}, {920, top + 0}, {800, top + 0}, {920, top + 150}};
         shape.SetSpline(cusp, 4);
         shape.DrawFrame(&picture);
     }
@@ -96,7 +96,9 @@ std::span<const Entry> Shapes() {
                       "ellipse, wedge, polygon, line, line chain, spline"),
         GALLERY_ENTRY(FilledShapes, "Filled, and with edge and soft shadow"),
         GALLERY_ENTRY(FlatPen, "The pen with flat ends"),
-        GALLERY_ENTRY(ThickJoins, "Thick joins: round above, flat and mitred below"),
+        GALLERY_ENTRY(ThickJoins,
+                      "Thick joins: the round pen above, the flat one below, whose rectangles and "
+                      "wedges are sharp"),
     };
     return kEntries;
 }
