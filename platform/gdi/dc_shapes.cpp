@@ -12,7 +12,6 @@ using kv::gdi::Area;
 using kv::gdi::BitSink;
 using kv::gdi::BitSurface;
 using kv::gdi::ScanConverter;
-using kv::gdi::ShapeBox;
 using kv::gdi::ShapePainter;
 
 namespace {
