@@ -9,23 +9,6 @@
 
 namespace {
 
-TEST(GlobalMemory, HandleAndBytesStayWhileTheBlockGrows) {
-    const HGLOBAL handle = GlobalAlloc(GHND, 1);
-    ASSERT_NE(handle, nullptr);
-    for (std::size_t count = 1; count <= 2000; ++count) {
-        ASSERT_EQ(GlobalReAlloc(handle, count * 232, GMEM_MOVEABLE), handle);
-        auto* bytes = static_cast<unsigned char*>(GlobalLock(handle));
-        std::memset(bytes + (count - 1) * 232, static_cast<int>(count & 0xFF), 232);
-        GlobalUnlock(handle);
-    }
-    EXPECT_EQ(GlobalSize(handle), 2000U * 232U);
-    const auto* bytes = static_cast<const unsigned char*>(GlobalLock(handle));
-    for (std::size_t i = 0; i < 2000U * 232U; ++i) {
-        ASSERT_EQ(bytes[i], ((i / 232) + 1) & 0xFF) << i;
-    }
-    EXPECT_EQ(GlobalFree(handle), nullptr);
-}
-
 TEST(GlobalMemory, ZeroesWhatItAdds) {
     const HGLOBAL handle = GlobalAlloc(GMEM_MOVEABLE, 100);
     std::memset(GlobalLock(handle), 0xEE, 100);

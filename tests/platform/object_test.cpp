@@ -40,14 +40,4 @@ TEST(RuntimeClass, UnknownAndAbstractClassesGiveNull) {
     EXPECT_EQ(CRuntimeClass::FromName("CObject"), CObject::GetThisClass());
 }
 
-TEST(RuntimeClass, AnEndedEntryIsForgotten) {
-    CRuntimeClass record{"Short", 0, nullptr, nullptr, nullptr};
-    {
-        const CRuntimeClassEntry entry(record);
-        EXPECT_EQ(CRuntimeClass::FromName("Short"), &record);
-    }
-    EXPECT_EQ(CRuntimeClass::FromName("Short"), nullptr);
-    EXPECT_EQ(CRuntimeClass::FromName("Sample"), &Sample::classSample);
-}
-
 }  // namespace

@@ -1,12 +1,14 @@
 #pragma once
 
+#include <algorithm>
+#include <cmath>
 #include <limits>
 #include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
 
-#include "platform/gdi/bit_surface.h"
+#include "platform/gdi/path.h"
 #include "platform/gdi/scan_converter.h"
 
 namespace kv::gdi {
@@ -49,6 +51,21 @@ inline Rows Draw(const Contours& contours, FillRule rule, const Clip& clip) {
     GridSink sink(clip);
     converter.Convert(contours, rule, clip, sink);
     return sink.Picture();
+}
+
+/// From a place to the nearest of the sides between points in turn, in pixels.
+inline double Distance(const std::vector<PathPoint>& points, PathPoint at) {
+    double least = std::numeric_limits<double>::max();
+    for (std::size_t i = 1; i < points.size(); ++i) {
+        const PathPoint a = points[i - 1];
+        const double dx = points[i].x - a.x;
+        const double dy = points[i].y - a.y;
+        const double length = dx * dx + dy * dy;
+        const double along = length > 0 ? ((at.x - a.x) * dx + (at.y - a.y) * dy) / length : 0;
+        const double t = std::clamp(along, 0.0, 1.0);
+        least = std::min(least, std::hypot(a.x + t * dx - at.x, a.y + t * dy - at.y));
+    }
+    return least;
 }
 
 }  // namespace kv::gdi

@@ -1,7 +1,6 @@
 #include "platform/gdi/scan_converter.h"
 
-#include <cmath>
-#include <numbers>
+#include <limits>
 #include <random>
 
 #include <gtest/gtest.h>
@@ -49,17 +48,6 @@ Rows Expected(const Contours& contours, FillRule rule, const Clip& clip) {
     return rows;
 }
 
-TEST(ScanConverterTest, SquaresThroughCentresKeepLeftAndTop) {
-    Contours squares;
-    AddContour(squares, {{128, 128}, {1152, 128}, {1152, 1152}, {128, 1152}});
-    AddContour(squares, {{640, 640}, {1408, 640}, {1408, 1408}, {640, 1408}});
-    const Clip clip{0, 0, 6, 6};
-    EXPECT_EQ(Draw(squares, FillRule::kAlternate, clip),
-              (Rows{"####..", "####..", "##..#.", "##..#.", "..###.", "......"}));
-    EXPECT_EQ(Draw(squares, FillRule::kWinding, clip),
-              (Rows{"####..", "####..", "#####.", "#####.", "..###.", "......"}));
-}
-
 /// The half-open ray makes neighbours meet without gap or overlap, whatever the clip.
 TEST(ScanConverterTest, RandomPolygonsMatchTheWindingNumber) {
     std::mt19937 random(1);
@@ -97,36 +85,14 @@ TEST(ScanConverterTest, FarthestCoordinatesStayDefined) {
               (Rows{"..", "#."}));
 }
 
-/// Long walks with all sides crossing in the middle, on sampled rows.
-TEST(ScanConverterTest, StarsOfAThousandPointsMatchTheWindingNumber) {
-    for (const int step : {499, 333, 1}) {
-        std::vector<FixedPoint> corners;
-        for (int i = 0; i < 1000; ++i) {
-            const double angle = 2.0 * std::numbers::pi * step * i / 1000;
-            corners.push_back({std::llround((700.3 + 690.0 * std::cos(angle)) * 256.0),
-                               std::llround((500.7 + 480.0 * std::sin(angle)) * 256.0)});
-        }
-        Contours star;
-        AddContour(star, corners);
-        for (const FillRule rule : kRules) {
-            const Rows whole = Draw(star, rule, {0, 0, 1400, 1000});
-            for (const std::int32_t row : {20, 21, 256, 499, 500, 501, 733, 980}) {
-                ASSERT_EQ(whole[std::size_t(row)],
-                          Expected(star, rule, {0, row, 1400, row + 1}).front())
-                    << step << " " << row;
-            }
-        }
-    }
-}
-
-TEST(ScanConverterTest, ThousandsOfSidesFromOneRowAreSorted) {
+TEST(ScanConverterTest, ManyLongSidesFromOneRowAreSortedAndStayTrue) {
     std::mt19937 random(3);
     Contours comb;
-    for (int i = 0; i < 3000; ++i) {
-        const auto x = static_cast<std::int64_t>(random() % (300 * 256));
-        AddContour(comb, {{x, 0}, {x + 40, 1024}, {x + 700, 1024}});
+    for (int i = 0; i < 400; ++i) {
+        const auto x = static_cast<std::int64_t>(random() % (64 * 256));
+        AddContour(comb, {{x, 0}, {16384 - x, 400 * 256 + x}, {x + 700, 300 * 256}});
     }
-    const Clip clip{0, 0, 300, 4};
+    const Clip clip{0, 0, 64, 400};
     for (const FillRule rule : kRules) {
         EXPECT_EQ(Draw(comb, rule, clip), Expected(comb, rule, clip));
     }

@@ -5,7 +5,6 @@
 #include <limits>
 #include <numbers>
 #include <random>
-#include <string>
 
 #include <gtest/gtest.h>
 
@@ -37,72 +36,45 @@ struct Picture {
     bool At(std::int32_t x, std::int32_t y) const {
         return rows[std::size_t(y)][std::size_t(x)] == '#';
     }
-    /// "left,top-right,bottom:pixels", all within.
-    std::string Box() const {
-        std::int32_t left = size, top = size, right = -1, bottom = -1, count = 0;
-        for (std::int32_t i = 0; i < size * size; ++i) {
-            if (At(i % size, i / size)) {
-                left = std::min(left, i % size);
-                right = std::max(right, i % size);
-                top = std::min(top, i / size);
-                bottom = i / size;
-                ++count;
-            }
-        }
-        return std::to_string(left) + "," + std::to_string(top) + "-" + std::to_string(right) +
-               "," + std::to_string(bottom) + ":" + std::to_string(count);
-    }
 };
 
-void Rectangle(Stroker& stroker, double left, double top, double right, double bottom) {
-    stroker.MoveTo({left, top});
-    stroker.LineTo({right, top}, {1, 0});
-    stroker.LineTo({right, bottom}, {0, 1});
-    stroker.LineTo({left, bottom}, {-1, 0});
-    stroker.LineTo({left, top}, {0, -1});
-    stroker.Close();
-}
-
-/// Boxes and counts of pixels worked out by hand: width w covers w rows, half-open.
+/// Boxes worked out by hand: width w covers w rows, half-open.
 TEST(StrokerTest, StraightFiguresCoverWholeRows) {
     const struct {
         Pen pen;
         double width;
-        std::vector<PathPoint> points;
-        const char* box;
-    } lines[] = {
-        {kFlat, 4, {{10, 20}, {30, 20}}, "10,18-29,21:80"},
-        {kFlat, 3, {{30, 20}, {10, 20}}, "10,19-29,21:60"},
-        {kFlat, 1, {{7, 9}, {7, 19}}, "7,9-7,18:10"},
-        {kFlat, 8, {{7, 9}, {7, 9}}, "64,64--1,-1:0"},
-        {kRound, 8, {{9, 9}}, "64,64--1,-1:0"},
+        PathPoint from, to;                  // opposite corners under the mitred pen
+        int left, top, right, bottom, hole;  // half-open; the hole's sides lie within by so much
+    } figures[] = {
+        {kFlat, 4, {10, 20}, {30, 20}, 10, 18, 30, 22, 64},
+        {kFlat, 3, {30, 20}, {10, 20}, 10, 19, 30, 22, 64},
+        {kFlat, 8, {7, 9}, {7, 9}, 0, 0, 0, 0, 64},
+        {kMitred, 4, {10, 10}, {30, 20}, 8, 8, 32, 22, 4},
+        {kMitred, 4, {10, 10}, {10, 20}, 8, 8, 12, 22, 64},
+        {kMitred, 6, {10, 10}, {10, 10}, 7, 7, 13, 13, 64},
+        {kMitred, 40, {30, 30}, {34, 34}, 10, 10, 54, 54, 64},
     };
-    for (const auto& [pen, width, points, box] : lines) {
+    for (const auto& [pen, width, from, to, left, top, right, bottom, hole] : figures) {
         Picture picture{64};
-        picture.Stroke(pen, width, [&at = points](Stroker& stroker) {
-            stroker.MoveTo(at[0]);
-            for (std::size_t i = 1; i < at.size(); ++i) {
-                stroker.LineTo(at[i]);
-            }
-        });
-        EXPECT_EQ(picture.Box(), box);
-    }
-    const struct {
-        double width, left, top, right, bottom;
-        const char* box;
-    } rectangles[] = {
-        {4, 10, 10, 30, 20, "8,8-31,21:240"},
-        {4, 10, 10, 10, 20, "8,8-11,21:56"},
-        {6, 10, 10, 10, 10, "7,7-12,12:36"},
-        {40, 30, 30, 34, 34, "10,10-53,53:1936"},
-    };
-    for (const auto& [width, left, top, right, bottom, box] : rectangles) {
-        Picture picture{64};
-        picture.Stroke(kMitred, width,
-                       [l = left, t = top, r = right, b = bottom](Stroker& stroker) {
-                           Rectangle(stroker, l, t, r, b);
-                       });
-        EXPECT_EQ(picture.Box(), box);
+        picture.Stroke(
+            pen, width,
+            [&, a = from, b = to, mitred = pen.join == PenJoin::kMitre](Stroker& stroker) {
+                stroker.MoveTo(a);
+                if (mitred) {
+                    stroker.LineTo({b.x, a.y}, {1, 0});
+                    stroker.LineTo(b, {0, 1});
+                    stroker.LineTo({a.x, b.y}, {-1, 0});
+                    stroker.LineTo(a, {0, -1});
+                    stroker.Close();
+                } else {
+                    stroker.LineTo(b);
+                }
+            });
+        for (int i = 0; i < 64 * 64; ++i) {
+            const int depth =
+                std::min({i % 64 - left, right - 1 - i % 64, i / 64 - top, bottom - 1 - i / 64});
+            ASSERT_EQ(picture.At(i % 64, i / 64), depth >= 0 && depth < hole) << left << ' ' << i;
+        }
     }
 }
 
@@ -131,12 +103,7 @@ TEST(StrokerTest, MitresEndAtTheirLimit) {
 void ExpectBand(const Picture& picture, double radius, const std::vector<PathPoint>& path) {
     for (std::int32_t y = 0; y < picture.size; ++y) {
         for (std::int32_t x = 0; x < picture.size; ++x) {
-            double nearest = std::numeric_limits<double>::max();
-            for (const PathPoint& point : path) {
-                nearest = std::min(nearest,
-                                   (point.x - x) * (point.x - x) + (point.y - y) * (point.y - y));
-            }
-            nearest = std::sqrt(nearest);
+            const double nearest = Distance(path, {double(x), double(y)});
             if (std::abs(nearest - radius) > 0.25) {
                 ASSERT_EQ(picture.At(x, y), nearest < radius) << x << " " << y << " " << nearest;
             }
@@ -155,8 +122,8 @@ TEST(StrokerTest, CurvesAreTheUnionOfDiscs) {
     for (const std::vector<PathPoint>& c : curves) {
         const CubicCurve curve{c[0], c[1], c[2], c[3]};
         std::vector<PathPoint> points;
-        for (int i = 0; i <= 700; ++i) {
-            points.push_back(curve.At(i / 700.0));
+        for (int i = 0; i <= 250; ++i) {
+            points.push_back(curve.At(i / 250.0));
         }
         for (const double width : {1.5, 6.0, 23.0, 50.0}) {
             Picture picture{120};
@@ -174,14 +141,13 @@ TEST(StrokerTest, RandomFiguresAreTheUnionOfDiscs) {
     std::mt19937 random(7);
     const auto coordinate = [&] { return 20.0 + static_cast<double>(random() % 60); };
     for (int round = 0; round < 60; ++round) {
-        std::vector<PathPoint> points;
+        std::vector<PathPoint> corners(2 + random() % 5);
+        for (PathPoint& corner : corners) {
+            corner = {coordinate(), coordinate()};
+        }
         Picture picture{100};
         const double width = 1.5 + round % 8 * 4;
         picture.Stroke(kRound, width, [&](Stroker& stroker) {
-            std::vector<PathPoint> corners(2 + random() % 5);
-            for (PathPoint& corner : corners) {
-                corner = {coordinate(), coordinate()};
-            }
             stroker.MoveTo(corners[0]);
             for (std::size_t i = 1; i < corners.size(); ++i) {
                 stroker.LineTo(corners[i]);
@@ -190,14 +156,8 @@ TEST(StrokerTest, RandomFiguresAreTheUnionOfDiscs) {
                 stroker.Close();
                 corners.push_back(corners[0]);
             }
-            for (std::size_t i = 1; i < corners.size(); ++i) {
-                for (int k = 0; k <= 150; ++k) {
-                    points.push_back({std::lerp(corners[i - 1].x, corners[i].x, k / 150.0),
-                                      std::lerp(corners[i - 1].y, corners[i].y, k / 150.0)});
-                }
-            }
         });
-        ASSERT_NO_FATAL_FAILURE(ExpectBand(picture, width / 2, points)) << round;
+        ASSERT_NO_FATAL_FAILURE(ExpectBand(picture, width / 2, corners)) << round;
     }
 }
 
@@ -231,23 +191,6 @@ TEST(StrokerTest, RingsAndArcsHaveTrueEdges) {
     }
 }
 
-/// A quarter pie has right angles at its centre and at both ends of its arc, either way round.
-TEST(StrokerTest, CornersOfCurvesAreMitred) {
-    for (const double sense : {-1.0, 1.0}) {
-        Picture picture{140};
-        picture.Stroke(kMitred, 20, [sense](Stroker& stroker) {
-            stroker.MoveTo({40, 100});
-            stroker.ArcTo({{40, 100},
-                           {60, 60},
-                           sense < 0 ? 0.0 : -std::numbers::pi / 2,
-                           sense * std::numbers::pi / 2});
-            stroker.Close();
-        });
-        EXPECT_TRUE(picture.At(30, 109) && picture.At(109, 109) && picture.At(30, 30));
-        EXPECT_FALSE(picture.At(109, 80) || picture.At(60, 30));
-    }
-}
-
 TEST(StrokerTest, BadFiguresAreLeftOut) {
     for (const Pen& pen : {kRound, kMitred}) {
         Picture picture{64};
@@ -255,11 +198,8 @@ TEST(StrokerTest, BadFiguresAreLeftOut) {
             stroker.MoveTo({5, 5});
             stroker.LineTo({std::numeric_limits<double>::quiet_NaN(), 7});
             stroker.LineTo({50, 50});
-            stroker.MoveTo({5, 5});
-            stroker.CubicTo({9, 9}, {20, std::numeric_limits<double>::infinity()}, {30, 30});
-            stroker.Close();
             stroker.MoveTo({1e300, 0});
-            stroker.CubicTo({-1e300, 9}, {20, 1e300}, {1e300, 1e300});
+            stroker.CubicTo({-1e300, 9}, {20, std::numeric_limits<double>::infinity()}, {30, 30});
             stroker.MoveTo({10, 20});
             stroker.LineTo({30, 20});
         });

