@@ -1,9 +1,9 @@
 #pragma once
 
 #include <random>
-#include <string>
 #include <vector>
 
+#include <CBox.h>
 #include <CKVGrayBitmap.h>
 #include <CKVMonoBitmap.h>
 
@@ -16,6 +16,12 @@ namespace effect_test {
 inline std::vector<BYTE> BytesOf(const KVBitmap& bitmap) {
     return bitmap.Bits != nullptr ? std::vector<BYTE>(bitmap.Bits, bitmap.Bits + bitmap.Size)
                                   : std::vector<BYTE>();
+}
+
+using Quad = std::vector<LONG>;
+
+inline Quad Of(const CBox& box) {
+    return {box.x, box.y, box.width, box.height};
 }
 
 inline BYTE& At(const CKVGrayBitmap& gray, LONG x, LONG y) {

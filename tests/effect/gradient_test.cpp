@@ -54,47 +54,33 @@ Pixels Ramp(int width, int height, const tagGRADINFO& grad) {
     return pixels;
 }
 
+// Inclusive bounds (10, 20) to (30, 29): 21 by 10; the point lies 13 and 6 from the far bounds.
 TEST(Gradient, LengthAndCentre) {
-    // Inclusive bounds (10, 20) to (30, 29): 21 by 10; the point lies 13 and 6 from the far bounds.
-    const struct {
-        std::vector<int> types;
-        int length, cx, cy;  // -7: not written
-    } cases[] = {
-        {{0, 11, -5, 99, 111, kMost, kLeast}, 21, -7, -7},
-        {{1}, 10, -7, -7},
-        {{2, 3}, 31, -7, -7},
-        {{4, 5, 6, 9, 10}, 15, 20, 25},
-        {{7}, 10, 20, 25},
-        {{8}, 5, 20, 25},
-        {{100}, 27, -7, -7},
-        {{101}, 13, -7, -7},
-        {{102, 103}, 40, -7, -7},
-        {{104, 105, 106}, 20, 17, 26},
-        {{107}, 14, 17, 26},
-        {{108}, 7, 17, 26},
-        {{109, 110}, 21, 17, 26},
+    const int lengths[2][12] = {{21, 10, 31, 31, 15, 15, 15, 10, 5, 15, 15, 21},
+                                {27, 13, 40, 40, 20, 20, 20, 14, 7, 21, 21, 21}};
+    const auto check = [](int type, int wanted, int x, int y) {
+        int cx = -7, cy = -7, length = -7;  // -7: not written
+        CKVBwDraw().Pis_Grad_Paint_Set1(type, 17, 26, 10, 20, 30, 29, &cx, &cy, &length);
+        EXPECT_EQ(std::vector({length, cx, cy}), std::vector({wanted, x, y})) << type;
     };
-    for (const auto& c : cases) {
-        for (const int type : c.types) {
-            int cx = -7, cy = -7, length = -7;
-            CKVBwDraw().Pis_Grad_Paint_Set1(type, 17, 26, 10, 20, 30, 29, &cx, &cy, &length);
-            EXPECT_EQ(std::vector({length, cx, cy}), std::vector({c.length, c.cx, c.cy})) << type;
-        }
+    for (int shape = 0; shape < 12; ++shape) {
+        const bool centred = shape >= 4 && shape <= 10;
+        check(shape, lengths[0][shape], centred ? 20 : -7, centred ? 25 : -7);
+        check(shape + 100, lengths[1][shape], centred ? 17 : -7, centred ? 26 : -7);
+    }
+    for (const int unknown : {-5, 99, kMost, kLeast}) {
+        check(unknown, 21, -7, -7);
     }
 }
 
+// The pixel (13, 27) in the bounds (10, 20) to (30, 29), its centre (17, 24): dx -4, dy 3.
 TEST(Gradient, Distance) {
-    // The pixel (13, 27) in the bounds (10, 20) to (30, 29), its centre (17, 24): dx -4, dy 3.
-    const struct {
-        int shape;
-        double distance;
-    } cases[] = {{0, -17}, {1, -2}, {2, -19}, {3, -5}, {4, -7},  {5, -8},
-                 {6, -5},  {7, -4}, {8, -3},  {9, -1}, {10, -7}, {11, -17}};
-    for (const auto& c : cases) {
+    const double distances[] = {-17, -2, -19, -5, -7, -8, -5, -4, -3, -1, -7, -17};
+    for (int shape = 0; shape < 12; ++shape) {
         for (const int form : {0, 100}) {
             double d = 1;
-            CKVBwDraw().Pis_Grad_Paint_Conv(c.shape + form, 13, 27, 10, 20, 30, 29, 17, 24, &d);
-            EXPECT_EQ(d, c.distance) << c.shape + form;
+            CKVBwDraw().Pis_Grad_Paint_Conv(shape + form, 13, 27, 10, 20, 30, 29, 17, 24, &d);
+            EXPECT_EQ(d, distances[shape]) << shape + form;
         }
     }
 }
@@ -104,48 +90,11 @@ TEST(Gradient, GeometryTakesAnyNumbers) {
     int cx = 0, cy = 0, length = 0;
     draw.Pis_Grad_Paint_Set1(104, kLeast, kMost, kLeast, kLeast, kMost, kMost, &cx, &cy, &length);
     EXPECT_EQ(length, kMost);
-    draw.Pis_Grad_Paint_Set1(4, 0, 0, kMost, kMost, kLeast, kLeast, &cx, &cy, &length);
-    EXPECT_EQ(length, kLeast);
     draw.Pis_Grad_Paint_Set1(7, 0, 0, 4, 0, 0, 0, &cx, &cy, &length);
     EXPECT_EQ(length, -2);  // -3 / 2, rounded down
-    EXPECT_EQ(cx, 2);
     double d = 0;
-    draw.Pis_Grad_Paint_Conv(6, 1 << 30, 1, 0, 0, 0, 0, 0, 0, &d);
-    EXPECT_EQ(d, -1073741824.0);
     draw.Pis_Grad_Paint_Conv(6, kMost, kMost, 0, 0, 0, 0, kLeast, kLeast, &d);
     EXPECT_NEAR(d, -4294967295.0 * std::sqrt(2.0), 1e-3);
-}
-
-// Values of one channel, from a record with it in every byte.
-TEST(Gradient, KnownRamps) {
-    const DWORD up = 0xFFFFFFFF;
-    const struct {
-        int width, height;
-        tagGRADINFO grad;
-        std::size_t at;
-        std::vector<DWORD> bytes;
-    } cases[] = {
-        {1, 3, {0, 1, -1, 0, 0, up}, 0, {85, 170, 255}},
-        {1, 3, {0, 1, -1, 0, up, 0}, 0, {170, 85, 0}},
-        {7, 1, {0, 11, -1, 0, 0, up}, 5, {219, 255}},     // a fraction drops toward 0
-        {100, 10, {0, 5, -1, 0, 0, up}, 500, {48}},       // beyond the length: wraps
-        {5, 4, {0, 6, 0, 0, 0, up}, 0, {255, 255 - 31}},  // a centre in the corner, length 8
-        {5, 4, {0, 6, 5, 0, 0, up}, 12, {255}},           // beside the layer: the middle
-        {10, 1, {0, 50, 3, 0, 0, up}, 0, {255 - 229}},    // length 10 with a centre too
-        {10, 1, {0, 111, 3, 0, 0, up}, 0, {255 - 229}},
-        {10, 1, {0, -99, 3, 0, 0, up}, 0, {255 - 229}},
-        {10, 1, {0, 0, 3, 0, 0, up}, 0, {255 - 176}},        // but 0 takes it from the point: 13
-        {2, 3, {0, 101, -1, 0, 0, up}, 0, {128, 255, 128}},  // no vertical ramp
-        {1, 3, {0, 7, -1, 0, 0, up}, 0, {255, 255, 255}},    // no length
-        {3, 1, {0, 8, -1, 0, 0, up}, 0, {255, 255, 255}},
-    };
-    for (const auto& c : cases) {
-        const Pixels pixels = Ramp(c.width, c.height, c.grad);
-        for (std::size_t i = 0; i < c.bytes.size(); ++i) {
-            EXPECT_EQ(pixels[c.at + i], c.bytes[i] * 0x01010101)
-                << c.width << " by " << c.height << ", pattern " << c.grad.Patern;
-        }
-    }
 }
 
 TEST(Gradient, MakesThePlainRamp) {
@@ -194,18 +143,11 @@ TEST(Gradient, CoversTheRamp) {
     std::mt19937 random(12);
     CKVGrayBitmap gray;
     for (LONG width = 1; width <= 67; ++width) {
-        for (const LONG patern : {1, 2, 5, 6}) {
-            effect_test::FillRandom(gray, width, 1 + width % 5, 2, random);
-            tagGRADINFO grad{77, patern, width / 2, 0, 0, 0};
-            grad.Col1 = static_cast<DWORD>(random());
-            grad.Col2 = static_cast<DWORD>(random());
-            CheckLayer(gray, grad);
-        }
+        effect_test::FillRandom(gray, width, 1 + width % 5, 2, random);
+        CheckLayer(gray, {77, 1 + width % 6, width / 2, 0, static_cast<DWORD>(random()),
+                          static_cast<DWORD>(random())});
     }
-}
-
-TEST(Gradient, ScalesEveryKeyByEveryCoverage) {
-    CKVGrayBitmap gray;
+    gray.Delete();
     gray.Create(256, 256);
     for (DWORD i = 0; i < gray.Size; ++i) {
         gray.Bits[i] = static_cast<BYTE>(i);
@@ -226,39 +168,9 @@ TEST(Gradient, BadAndEmptyInput) {
     EXPECT_EQ(draw.MakeFb_Grad(&gray, &layer, &grad), 0);
     EXPECT_EQ(layer.IsBuffer(), 1);
     DWORD pixel = kGuard;
-    EXPECT_EQ(draw.Pis_Grad_Paint(&pixel, 0, 5, 0, 0, 1, 2, 3), 0);
     EXPECT_EQ(draw.Pis_Grad_Paint(&pixel, kMost, kLeast, 0, 0, 1, 2, 3), 0);
     EXPECT_EQ(draw.Pis_Grad_Paint(nullptr, 5, 5, 0, 0, 1, 2, 3), 0);
     EXPECT_EQ(pixel, kGuard);
-}
-
-// Body 4 by 3, edge 8 by 7 around it, shadow of the edge's size 20 further on: each with a vertical
-// ramp of its own height.
-TEST(Gradient, PaintsEachLayer) {
-    CKVMonoBitmap mask;
-    mask.Create(16, 12);
-    std::fill_n(mask.Bits, mask.Size, BYTE{255});
-    tagKVBWDRAWINFO info{};
-    info.AntiScale = 4;
-    info.Pos_X = info.Pos_Y = 10;
-    info.EdgeType_Size = 2;
-    info.ShadType_Size = 20;
-    info.BodyMode = info.EdgeMode = info.ShadMode = 1;
-    info.BodyGrad = {0, 1, -1, -1, 0xFF000000, 0xFFFF0000};
-    info.EdgeGrad = {0, 1, -1, -1, 0xFF000000, 0xFF00FF00};
-    info.ShadGrad = {0, 1, -1, -1, 0xFF000000, 0xFF0000FF};
-    CKVFrameBuffer fb(60, 60, 1);
-    CBox box;
-    ASSERT_EQ(CKVBwDraw().DispFb(&fb, &info, &mask, &box), 0);
-    const auto at = [&](DWORD x, DWORD y) { return fb.GetBufferDWord()[y * 60 + x]; };
-    for (DWORD row = 0; row < 3; ++row) {
-        EXPECT_EQ(at(11, 10 + row), 0xFF000000 | (85 * (row + 1)) << 16);
-    }
-    for (const DWORD row : {0U, 1U, 5U, 6U}) {
-        const DWORD drop = 255 * (6 - row) / 7;
-        EXPECT_EQ(at(12, 8 + row), 0xFF000000 | (255 - drop) << 8);
-        EXPECT_EQ(at(32, 28 + row), 0xFF000000 | (255 - drop));
-    }
 }
 
 }  // namespace

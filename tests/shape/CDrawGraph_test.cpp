@@ -19,19 +19,17 @@ bool Equal(const tagRECT& a, const tagRECT& b) {
 }
 
 TEST(CDrawGraph, StartsWithoutShape) {
-    CDrawGraph shape;
-    EXPECT_EQ(shape.GetGraphType(), 0);
-    EXPECT_EQ(shape.GetSize(), 0);
-    EXPECT_EQ(shape.GetPenSize(), 1);
-    EXPECT_EQ(shape.GetAntiScale(), 16);
-    EXPECT_EQ(shape.GetBodyCol(), 0xFFFFFFFF);
-    EXPECT_EQ(shape.GetShadCol(), 0xFF000000);
+    const std::unique_ptr<CObject> made(CRuntimeClass::CreateObject("CDrawGraph"));
+    auto* const shape = dynamic_cast<CDrawGraph*>(made.get());
+    ASSERT_NE(shape, nullptr);
+    EXPECT_EQ(shape->GetPenSize(), 1);
+    EXPECT_EQ(shape->GetAntiScale(), 16);
+    EXPECT_EQ(shape->GetBodyCol(), 0xFFFFFFFF);
     CKVFrameBuffer fb(8, 8, 1);
-    EXPECT_EQ(shape.DrawFrame(&fb), 1);
+    EXPECT_EQ(shape->DrawFrame(&fb), 1);
     CBox box;
-    EXPECT_EQ(shape.DrawFrameEria(&fb, box, box, box, box), 1);
+    EXPECT_EQ(shape->DrawFrameEria(&fb, box, box, box, box), 1);
     EXPECT_EQ(fb.GetWidth(), 8u);
-    EXPECT_TRUE(Equal(shape.GetDispEria().GetRect(), tagRECT{0, 0, 0, 0}));
 }
 
 TEST(CDrawGraph, NormalisesRectanglesButNotLines) {
@@ -39,73 +37,60 @@ TEST(CDrawGraph, NormalisesRectanglesButNotLines) {
     const tagRECT turned{30, 40, 10, 20};
     shape.SetRect(&turned);
     EXPECT_TRUE(Equal(shape.GetRect(), tagRECT{10, 20, 30, 40}));
-    EXPECT_EQ(turned.left, 30);
     shape.SetLine({30, 40}, {10, 20});
-    tagPOINT a;
-    tagPOINT b;
+    tagPOINT a, b;
     EXPECT_EQ(shape.GetLine(&a, &b), 2);
     EXPECT_TRUE(Equal(a, {30, 40}) && Equal(b, {10, 20}));
 }
 
 // Every reader of a two-corner kind, on its own kind and on another.
 TEST(CDrawGraph, CornerReadersAnswerForTheirKind) {
-    const tagRECT rect{1, 2, 3, 4};
-    struct Kind {
-        LONG type;
-        void (*set)(CDrawGraph&, const tagRECT*);
-        int (*write)(const CDrawGraph&, tagRECT*);
-        tagRECT (CDrawGraph::*value)() const;
-        tagPOINT* (CDrawGraph::*list)(int*);
-        int written;
+    using Shape = CDrawGraph;
+    static const tagRECT rect{1, 2, 3, 4};
+    static tagPOINT size;
+    static double start, end;
+    const struct {
+        void (*set)(Shape&);
+        int (*write)(const Shape&, tagRECT*);
+        tagRECT (Shape::*value)() const;
+        tagPOINT* (Shape::*list)(int*);
+    } kinds[] = {
+        {[](Shape& s) { s.SetRect(&rect); },
+         [](const Shape& s, tagRECT* r) { return s.GetRect(r); }, &Shape::GetRect, &Shape::GetRect},
+        {[](Shape& s) {
+             s.SetRoundRect(&rect, {8, 9});
+         },
+         [](const Shape& s, tagRECT* r) { return s.GetRoundRect(r, &size); }, &Shape::GetRoundRect,
+         &Shape::GetRoundRect},
+        {[](Shape& s) { s.SetEllipse(&rect); },
+         [](const Shape& s, tagRECT* r) { return s.GetEllipse(r); }, &Shape::GetEllipse,
+         &Shape::GetEllipse},
+        {[](Shape& s) { s.SetPie(&rect, 30, 60); },
+         [](const Shape& s, tagRECT* r) { return s.GetPie(r, &start, &end); }, &Shape::GetPie,
+         &Shape::GetPie},
     };
-    const Kind kinds[] = {
-        {3, [](CDrawGraph& s, const tagRECT* r) { s.SetRect(r); },
-         [](const CDrawGraph& s, tagRECT* r) { return s.GetRect(r); }, &CDrawGraph::GetRect,
-         &CDrawGraph::GetRect, 2},
-        {4,
-         [](CDrawGraph& s, const tagRECT* r) {
-             s.SetRoundRect(r, {8, 9});
-         },
-         [](const CDrawGraph& s, tagRECT* r) {
-             tagPOINT size;
-             return s.GetRoundRect(r, &size);
-         },
-         &CDrawGraph::GetRoundRect, &CDrawGraph::GetRoundRect, 3},
-        {5, [](CDrawGraph& s, const tagRECT* r) { s.SetEllipse(r); },
-         [](const CDrawGraph& s, tagRECT* r) { return s.GetEllipse(r); }, &CDrawGraph::GetEllipse,
-         &CDrawGraph::GetEllipse, 2},
-        {6, [](CDrawGraph& s, const tagRECT* r) { s.SetPie(r, 30, 60); },
-         [](const CDrawGraph& s, tagRECT* r) {
-             double start;
-             double end;
-             return s.GetPie(r, &start, &end);
-         },
-         &CDrawGraph::GetPie, &CDrawGraph::GetPie, 2},
-    };
-    for (const Kind& kind : kinds) {
-        CDrawGraph own;
-        kind.set(own, &rect);
-        CDrawGraph other;
+    for (LONG type = 3; type <= 6; ++type) {
+        const auto& kind = kinds[type - 3];
+        Shape own, other;
+        kind.set(own);
         other.SetLine({1, 2}, {3, 4});
-        CDrawGraph emptied = own;
+        Shape emptied = own;
         emptied.m_Point.RemoveAll();
-        EXPECT_EQ(own.GetGraphType(), kind.type);
-        tagRECT got{};
-        EXPECT_EQ(kind.write(own, &got), kind.written);
-        EXPECT_TRUE(Equal(got, rect) && Equal((own.*kind.value)(), rect));
-        int count = 0;
-        EXPECT_EQ((own.*kind.list)(&count), own.m_Point.GetData());
-        EXPECT_EQ(count, 2);
-        for (CDrawGraph* without : {&other, &emptied}) {
-            got = rect;
-            EXPECT_EQ(kind.write(*without, &got), 0);
-            EXPECT_TRUE(Equal(got, tagRECT{}) && Equal((without->*kind.value)(), tagRECT{}));
-            EXPECT_EQ((without->*kind.list)(&count), nullptr);
-            EXPECT_EQ(count, 0);
+        EXPECT_EQ(own.GetGraphType(), type);
+        for (Shape* shape : {&own, &other, &emptied}) {
+            const bool has = shape == &own;
+            const tagRECT wanted = has ? rect : tagRECT{};
+            tagRECT got{7, 7, 7, 7};
+            int count = 7;
+            EXPECT_EQ(kind.write(*shape, &got), has ? (type == 4 ? 3 : 2) : 0);
+            EXPECT_TRUE(Equal(got, wanted) && Equal((shape->*kind.value)(), wanted));
+            EXPECT_EQ((shape->*kind.list)(&count), has ? own.m_Point.GetData() : nullptr);
+            EXPECT_EQ(count, has ? 2 : 0);
         }
-        // One point where two are promised.
+        tagRECT got;
+        int count = 0;
         own.m_Point.RemoveAll();
-        own.m_Point.Add(CPoint(1, 2));
+        own.m_Point.Add(CPoint(1, 2));  // one point where two are promised
         EXPECT_THROW(kind.write(own, &got), CInvalidArgException);
         EXPECT_THROW((own.*kind.list)(&count), CInvalidArgException);
     }
@@ -150,14 +135,11 @@ TEST(CDrawGraph, AnglesOutliveTheirKind) {
     CDrawGraph shape;
     const tagRECT rect{0, 0, 10, 10};
     shape.SetPie(&rect, 30, 60);
-    EXPECT_EQ(shape.GetPie_DegEnd(), 60.0);
     shape.SetRect(&rect);
     tagRECT got;
-    double start = 0;
-    double end = 0;
+    double start = 0, end = 0;
     EXPECT_EQ(shape.GetPie(&got, &start, &end), 0);
-    EXPECT_EQ(start, 30.0);
-    EXPECT_EQ(end, 60.0);
+    EXPECT_EQ(start * 100 + end, 3060.0);
     EXPECT_EQ(shape.GetPie_DegStart(), 0.0);
 }
 
@@ -175,24 +157,17 @@ TEST(CDrawGraph, CopiesAreDeep) {
         EXPECT_STREQ(copy->GetEdgeText_File(), "a-name-too-long-for-any-small-string-buffer.tga");
         EXPECT_TRUE(Equal(copy->GetPolyGon_At(3), kPoints[3]));
     }
-    const std::unique_ptr<CObject> made(CRuntimeClass::CreateObject("CDrawGraph"));
-    ASSERT_NE(made, nullptr);
-    EXPECT_EQ(made->GetRuntimeClass(), CDrawGraph::GetThisClass());
 }
 
 TEST(CDrawGraph, RadialOffsets) {
-    struct {
-        double degree;
-        tagPOINT offset;
-    } const cases[] = {
-        {0, {0, -100}},         {45, {71, -71}},  {90, {100, 0}},
-        {180, {0, 100}},        {270, {-100, 0}}, {std::numeric_limits<double>::infinity(), {0, 0}},
-        {std::nan(""), {0, 0}},
-    };
-    for (const auto& c : cases) {
+    const double infinity = std::numeric_limits<double>::infinity();
+    const std::pair<double, CPoint> cases[] = {
+        {0, {0, -100}},   {45, {71, -71}},    {90, {100, 0}},      {180, {0, 100}},
+        {270, {-100, 0}}, {infinity, {0, 0}}, {-infinity, {0, 0}}, {std::nan(""), {0, 0}}};
+    for (const auto& [degree, offset] : cases) {
         tagPOINT out{1, 1};
-        CDrawGraph().GetDegAdd(c.degree, 100, 7, &out);
-        EXPECT_TRUE(Equal(out, c.offset)) << c.degree << ": " << out.x << ", " << out.y;
+        CDrawGraph().GetDegAdd(degree, 100, 7, &out);
+        EXPECT_TRUE(Equal(out, offset)) << degree << ": " << out.x << ", " << out.y;
     }
 }
 

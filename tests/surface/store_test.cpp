@@ -18,23 +18,14 @@ void ExpectEmpty(const CKVFrameBuffer& surface) {
 }
 
 TEST(Store, ResultsOfCreateAndDelete) {
-    struct Case {
-        LONG width, height;
-        int result;
-    };
     CKVFrameBuffer surface;
     ExpectEmpty(surface);
     // 32768 * 32768 * 4 wraps to 0 in 32 bits; 1 x 1073741791 is the first height that is too
     // large.
-    for (const Case& c : {Case{0, 5, 4},
-                          {5, 0, 4},
-                          {-1, -1, 4},
-                          {kMax, kMax, 2},
-                          {32768, 32768, 2},
-                          {1, 1073741792, 2},
-                          {3, 2, 0}}) {
-        EXPECT_EQ(surface.CreateFrameBuffer(c.width, c.height, 1), c.result)
-            << c.width << " x " << c.height;
+    const LONG cases[][3] = {{0, 5, 4},         {5, 0, 4},          {-1, -1, 4}, {kMax, kMax, 2},
+                             {32768, 32768, 2}, {1, 1073741792, 2}, {3, 2, 0}};
+    for (const auto& [width, height, result] : cases) {
+        EXPECT_EQ(surface.CreateFrameBuffer(width, height, 1), result) << width << " x " << height;
     }
     EXPECT_EQ(surface.GetLineByte(), 12U);
     EXPECT_EQ(surface.GetSize(), 24U);

@@ -2,7 +2,7 @@
 #include <set>
 #include <string>
 
-#include <CKVFont.h>
+#include <CDrawText.h>
 #include <gtest/gtest.h>
 
 namespace {
@@ -13,8 +13,9 @@ TEST(GetFontLogfont, LeavesTheRecordOfAnUnknownFontAlone) {
     const tagLOGFONTA before = font;
     EXPECT_EQ(CKVFont().GetFontLogfont(nullptr, "No Such Family At All", &font), -2);
     EXPECT_EQ(std::memcmp(&font, &before, sizeof font), 0);
-    EXPECT_EQ(CKVFont().GetFontLogfont(nullptr, "arial", &font), 0);
-    EXPECT_EQ(font.lfCharSet, 0);
+    CDrawText text;
+    EXPECT_EQ(text.CheckFontName(nullptr, "No Such Family At All"), 1);
+    EXPECT_EQ(text.CheckFontName(nullptr, text.GetFontName()), 0);
 }
 
 TEST(GetAllFontList, ListsEachFamilyOnce) {
