@@ -292,6 +292,20 @@ TEST(ShapeMask, DrawFrameStoresThePlaceAndTheArea) {
     EXPECT_EQ(own.GetWH(), eria.Size());
 }
 
+TEST(ShapeMask, AreasAreTrue) {
+    const tagRECT square{0, 0, 200, 200};
+    const double r = (200 * 16 - 1) / 2.0;
+    const double half = 5 * 16 / 2.0;
+    CDrawGraph shape;
+    shape.SetPenSize(5);
+    shape.SetEllipse(&square);
+    const double ring = std::numbers::pi * ((r + half) * (r + half) - (r - half) * (r - half));
+    EXPECT_NEAR(DrawMask(shape, &CDrawGraph::DispBwBmp_Ellipse).Area() / ring, 1.0, 0.002);
+    shape.SetFillMode(1);
+    const double disc = std::numbers::pi * (r + half) * (r + half);
+    EXPECT_NEAR(DrawMask(shape, &CDrawGraph::DispBwBmp_Ellipse).Area() / disc, 1.0, 0.002);
+}
+
 // A draw takes the coverage without the mask: it must be what the mask reduces to, whatever the
 // kind, the pen, the fill and the scale.
 TEST(ShapeMask, CoverageIsThatOfTheReducedMask) {
