@@ -73,7 +73,12 @@ void CDC::MoveTo(LONG x, LONG y) {
 }
 
 // A line drawn with the one before it is joined to it; what both have in common is drawn twice.
+// A point that repeats the last one adds nothing, and would part the lines that meet there.
 bool CDC::LineTo(LONG x, LONG y) {
+    const tagPOINT& last = m_Figure[m_FigurePoints - 1];
+    if (m_FigurePoints > 1 && last.x == x && last.y == y) {
+        return !m_Bitmap.IsNull();
+    }
     if (m_FigurePoints == 3) {
         m_Figure[0] = m_Figure[1];
         m_Figure[1] = m_Figure[2];

@@ -255,6 +255,20 @@ TEST(ShapeMask, DegenerateShapes) {
     EXPECT_EQ(CPoint(spline.pos), CPoint(-1, -1));
 }
 
+TEST(ShapeMask, RepeatedPointsKeepTheJoin) {
+    const tagPOINT once[] = {{0, 0}, {20, 0}, {20, 12}};
+    const tagPOINT repeated[] = {{0, 0}, {0, 0}, {20, 0}, {20, 0}, {20, 0}, {20, 12}, {20, 12}};
+    for (const LONG penType : {0, 1}) {
+        CDrawGraph shape;
+        shape.SetPenSize(8);
+        shape.SetPenType(penType);
+        shape.SetPolyLine(once, 3);
+        const double area = DrawMask(shape, &CDrawGraph::DispBwBmp_PolyLine).Area();
+        shape.SetPolyLine(repeated, 7);
+        EXPECT_EQ(DrawMask(shape, &CDrawGraph::DispBwBmp_PolyLine).Area(), area) << penType;
+    }
+}
+
 TEST(ShapeMask, SizesBeyondReasonGiveNoMask) {
     const tagPOINT far[] = {{INT_MIN, INT_MIN}, {INT_MAX, INT_MAX}};
     struct {
