@@ -102,14 +102,15 @@ TEST(TextOut, AnyAngleTurnsTheLineAboutTheStartOfItsUpperEdge) {
         int kept = 0;
         for (int i = 0; i < kSize * kSize; ++i) {
             const double u = i % kSize + 0.5 - kCentre;
-            const double v = i / kSize + 0.5 - kCentre;
+            const int line = i / kSize;
+            const double v = line + 0.5 - kCentre;
             const auto x = std::size_t(std::clamp(kCentre + u * cosine + v * sine, 0.0, 599.0));
             const auto y = std::size_t(std::clamp(kCentre - u * sine + v * cosine, 0.0, 599.0));
             inked += pixels[std::size_t(i)];
             kept += pixels[std::size_t(i)] & found[y * kSize + x];
         }
         EXPECT_GT(kept, inked * 9 / 10) << angle;
-        EXPECT_NEAR(turned.Area(), inked, inked / 20) << angle;
+        EXPECT_NEAR(turned.Area(), inked, inked / 20.0) << angle;
     }
 }
 
@@ -252,6 +253,7 @@ TEST(TextOut, ThreadsDrawSideBySide) {
     };
     const std::vector<char> expected[] = {draw(0), draw(1), draw(2), draw(3)};
     std::vector<std::thread> threads;
+    threads.reserve(8);
     std::vector<int> wrong(8);
     for (int i = 0; i < 8; ++i) {
         threads.emplace_back([&, i] {

@@ -165,7 +165,7 @@ TEST(ShapeMask, CurvesLieWhereGeometryHasThem) {
     constexpr double kPi = std::numbers::pi;
     const tagRECT wide{10, 10, 110, 40};
     for (const LONG penSize : {1, 6, 14}) {
-        const double pad = penSize * 8 / 2;
+        const double pad = penSize * 4.0;
         CDrawGraph shape;
         shape.SetAntiScale(8);
         shape.SetPenSize(penSize);
