@@ -19,6 +19,8 @@ constinit CRuntimeClass CObject::classCObject{"CObject", 0xFFFF, nullptr, nullpt
 
 CObject::~CObject() = default;
 
+void CObject::Serialize(CArchive& /*archive*/) {}
+
 CRuntimeClass* CObject::GetThisClass() {
     return &classCObject;
 }

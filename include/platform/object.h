@@ -3,6 +3,7 @@
 #include <platform/export.h>
 #include <platform/types.h>
 
+class CArchive;
 struct CRuntimeClass;
 
 /// The base of the classes that can be made by name.
@@ -13,6 +14,9 @@ class KVDRAW_API CObject {
     CObject& operator=(const CObject&) = default;
     virtual CRuntimeClass* GetRuntimeClass() const;
     virtual ~CObject();
+    /// Stores the object to the archive's file, or loads it from there. A class without a stored
+    /// form does nothing.
+    virtual void Serialize(CArchive& archive);
 
     static CRuntimeClass* GetThisClass();
 
