@@ -12,21 +12,8 @@ int SetBody(CKVBwDraw& draw, CKVFrameBuffer& fb, tagKVBWDRAWINFO& info, Layers& 
         return made;
     }
     const Arrangement arranged = Arrange(info, layers);
-    eria = arranged.area;
-    body = arranged.body;
-    edge = arranged.edge;
-    shad = arranged.shadow;
-
-    fb.DeleteFrameBuffer();
-    fb.CreateFrameBuffer(eria.width, eria.height, 1);
-    const auto place = [&](const Layer& layer, const CBox& box) {
-        if (layer.made) {
-            PlaceLayer(info, layer, fb, box.TopLeft(), nullptr);
-        }
-    };
-    place(layers.shadow, arranged.shadow);
-    place(layers.edge, arranged.edge);
-    place(layers.body, arranged.body);
+    arranged.Report(eria, body, edge, shad);
+    StackAnew(fb, info, layers, arranged, arranged.Whole());
     return 0;
 }
 

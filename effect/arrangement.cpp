@@ -72,4 +72,18 @@ Arrangement Arrange(const tagKVBWDRAWINFO& info, const Layers& layers) {
     return arranged;
 }
 
+void StackAnew(CKVFrameBuffer& fb, const tagKVBWDRAWINFO& info, const Layers& layers,
+               const Arrangement& arranged, const CBox& window) {
+    fb.DeleteFrameBuffer();
+    fb.CreateFrameBuffer(window.width, window.height, 1);
+    const auto place = [&](const Layer& layer, const CBox& box) {
+        if (layer.made) {
+            PlaceLayer(info, layer, fb, {box.x - window.x, box.y - window.y}, nullptr);
+        }
+    };
+    place(layers.shadow, arranged.shadow);
+    place(layers.edge, arranged.edge);
+    place(layers.body, arranged.body);
+}
+
 }  // namespace kv

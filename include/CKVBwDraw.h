@@ -35,6 +35,25 @@ class KVDRAW_API CKVBwDraw {
     int SetFb(CKVFrameBuffer* pFb, tagKVBWDRAWINFO* pInfo, const CKVMonoBitmap* pMono, CBox& Eria,
               CBox& Body, CBox& Edge, CBox& Shad);
 
+    /// Builds into pFb, which is replaced, the picture pSrc with the record's edge and shadow
+    /// around what its keys show. The record's AntiScale and body paint have no part. The boxes and
+    /// pFb's size are those of SetFb, the picture being the body. pFb may be pSrc. An edge or
+    /// shadow that cannot be made is left out; an empty pSrc makes pFb empty. 0, or -1 with nothing
+    /// changed when a pointer is null. pSrc is read in part without its lock: no other thread may
+    /// change it.
+    int SetImgEdgeShadow(CKVFrameBuffer* pFb, tagKVBWDRAWINFO* pInfo, const CKVFrameBuffer* pSrc,
+                         CBox& Eria, CBox& Body, CBox& Edge, CBox& Shad);
+
+    /// The same, but pFb gets pSrc's size: the picture stays at (0, 0), what lies around it is cut
+    /// off. The boxes tell the uncut arrangement.
+    int SetFullImgEdgeShadow(CKVFrameBuffer* pFb, tagKVBWDRAWINFO* pInfo,
+                             const CKVFrameBuffer* pSrc, CBox& Eria, CBox& Body, CBox& Edge,
+                             CBox& Shad);
+
+    /// Copies the picture's keys to a coverage of its size, replacing what pGray held; an empty
+    /// picture leaves it empty. -1 when a pointer is null or memory runs out. Takes no lock.
+    int KeyToGray(const CKVFrameBuffer* pFb, CKVGrayBitmap* pGray);
+
     /// Reduces a mask enlarged Scale times (1, 4, 8 or 16) to coverage, replacing what pGray held:
     /// Pitch * 8 / Scale columns and Height / Scale rows. A mask smaller than one final pixel
     /// leaves pGray empty with the result 0; another Scale leaves it empty with -1.

@@ -1,10 +1,9 @@
 #include <limits>
 
-#include <CKVBwDraw.h>
-#include <CKVFrameBuffer.h>
 #include <gtest/gtest.h>
 
 #include "tests/effect/coverage.h"
+#include "tests/effect/plain_render.h"
 
 namespace {
 
@@ -12,11 +11,8 @@ constexpr LONG kMost = std::numeric_limits<LONG>::max();
 constexpr LONG kLeast = std::numeric_limits<LONG>::min();
 
 using effect_test::Of;
+using effect_test::PixelsOf;
 using effect_test::Quad;
-
-std::vector<DWORD> PixelsOf(const CKVFrameBuffer& fb) {
-    return {fb.GetBufferDWord(), fb.GetBufferDWord() + fb.GetSize() / 4};
-}
 
 tagKVBWDRAWINFO Record(LONG x, LONG y) {
     tagKVBWDRAWINFO info{};
@@ -140,45 +136,12 @@ TEST(Render, FailuresLeaveTheTarget) {
     }
 }
 
-// The layers one by one through the public operations, stacked by hand.
 void PlainRender(CKVFrameBuffer& fb, const tagKVBWDRAWINFO& info, const CKVMonoBitmap& mask) {
-    CKVBwDraw draw;
-    CKVGrayBitmap body, edge, shadow;
-    CKVFrameBuffer bodyLayer, edgeLayer, shadowLayer;
-    const auto paint = [&](LONG mode, const CKVGrayBitmap& gray, CKVFrameBuffer& layer,
-                           const DWORD& colour, const tagGRADINFO& grad) {
-        if (mode == 1) {
-            draw.MakeFb_Grad(&gray, &layer, &grad);
-        } else {
-            draw.MakeFb_Color(&gray, &layer, &colour);
-        }
-    };
-    draw.MakeAntiGray(info.AntiScale, &mask, &body);
-    paint(info.BodyMode, body, bodyLayer, info.BodyCol, info.BodyGrad);
-    const LONG e = info.EdgeType_Size;
-    const LONG s = info.ShadType_Size;
-    draw.MakeEdge(info.EdgeType_Type, e, 0, &body, &edge);
-    paint(info.EdgeMode, edge, edgeLayer, info.EdgeCol, info.EdgeGrad);
-    draw.MakeShadow(info.ShadType_Type, s, info.ShadType_SoftSize, 0, e > 0 ? &edge : &body,
-                    &shadow);
-    paint(info.ShadMode, shadow, shadowLayer, info.ShadCol, info.ShadGrad);
-    const auto stack = [&](const CKVFrameBuffer& layer, const CKVGrayBitmap& gray, LONG by) {
-        const CSize size = layer.GetWH();
-        const LONG x = info.Pos_X + by;
-        const LONG y = info.Pos_Y + by;
-        if (info.ShadType_SoftPen != 0) {
-            fb.FbCopyMask(&layer, &gray, 0, 0, size.cx, size.cy, x, y, nullptr);
-        } else {
-            fb.FbCopy(&layer, 0, 0, size.cx, size.cy, x, y, 1, nullptr);
-        }
-    };
-    if (s != 0) {
-        stack(shadowLayer, shadow, info.ShadType_Type == 1 && s > 0 ? -e : s - e);
-    }
-    if (e > 0) {
-        stack(edgeLayer, edge, -e);
-    }
-    stack(bodyLayer, body, 0);
+    CKVGrayBitmap body;
+    CKVFrameBuffer layer;
+    CKVBwDraw().MakeAntiGray(info.AntiScale, &mask, &body);
+    effect_test::PlainPaint(info.BodyMode, body, layer, info.BodyCol, info.BodyGrad);
+    effect_test::PlainStack(fb, info, body, layer);
 }
 
 TEST(Render, StacksShadowEdgeBody) {
