@@ -29,7 +29,7 @@ macro(kvdraw_add_library_targets)
     target_link_options(kvdraw PRIVATE -Wl,--no-undefined)
   endif()
   target_link_libraries(kvdraw PRIVATE kvdraw_objects
-    PkgConfig::FREETYPE PkgConfig::FONTCONFIG PkgConfig::HARFBUZZ Threads::Threads)
+    PkgConfig::FREETYPE PkgConfig::FONTCONFIG PkgConfig::HARFBUZZ Threads::Threads ${CMAKE_DL_LIBS})
   target_include_directories(kvdraw PUBLIC
     $<BUILD_INTERFACE:${CMAKE_CURRENT_SOURCE_DIR}/include>
     $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/kvdraw>)
@@ -38,7 +38,7 @@ macro(kvdraw_add_library_targets)
   target_include_directories(kvdraw_internal PUBLIC
     ${CMAKE_CURRENT_SOURCE_DIR}/include ${CMAKE_CURRENT_SOURCE_DIR})
   target_link_libraries(kvdraw_internal PUBLIC
-    PkgConfig::FREETYPE PkgConfig::FONTCONFIG PkgConfig::HARFBUZZ Threads::Threads)
+    PkgConfig::FREETYPE PkgConfig::FONTCONFIG PkgConfig::HARFBUZZ Threads::Threads ${CMAKE_DL_LIBS})
 endmacro()
 
 # kvdraw_test(NAME SOURCES...): one GoogleTest program, a CTest entry for each of its cases.

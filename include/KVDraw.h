@@ -7,6 +7,7 @@
 #include <CDrawGraph.h>
 #include <CDrawText.h>
 #include <CKVBwDraw.h>
+#include <CKVDrawWApp.h>
 #include <CKVFont.h>
 #include <CKVFrameBuffer.h>
 #include <CKVGrayBitmap.h>
