@@ -121,6 +121,55 @@ class KVDRAW_API CKVFrameBuffer {
     /// exactly 1. 0 done, -1 for a null dst or no store.
     int CopyBitmap24(BYTE* dst, tagBITMAPINFOHEADER* header, int topDown) const;
 
+    // Operations on every pixel. Each takes the exclusive hold and does nothing without a store.
+
+    /// Transparent black everywhere.
+    void Clear();
+
+    /// color, key included, everywhere.
+    void ClearCol(DWORD color);
+
+    /// A check pattern of two solid colours, whatever their keys: cells of cell.x by cell.y pixels,
+    /// each at least 2, color1 at the upper left.
+    void ClearCross(tagPOINT cell, DWORD color1, DWORD color2);
+
+    /// Tints the picture: each channel becomes floor(Y * channel of color / 255), where Y is the
+    /// pixel's luminance (R * 19661 + G * 38666 + B * 7209 + 32768) >> 16. Keys stay; that of color
+    /// is not used.
+    void ImageChColor(DWORD color);
+
+    /// Key 0 everywhere; the colours stay.
+    void ClearKey();
+
+    /// Makes the key from the luminance Y: 0 up to low, then floor((Y - low) * 255 / (range + 1))
+    /// up to low + range, 255 above. The colours stay.
+    void MakeLuminanceKey(DWORD low, DWORD range);
+
+    /// One pixel over another by its key, as FbCopy blends, except that a transparent src never
+    /// changes dst. Uses no surface.
+    static DWORD CopyKeyPixcel(DWORD src, DWORD dst);
+
+    /// Makes a picture of the key in target, whose store is replaced: all four bytes of a pixel are
+    /// the key. Shared hold on this surface, exclusive on target. 0 done; -1 for a null target,
+    /// this surface as target (nothing changes), no store, or no memory (target is then empty).
+    int GetKeyFreameBuffer(CKVFrameBuffer* target) const;
+
+    /// Makes a resampled copy of width by height pixels in target, whose store is replaced; the two
+    /// axes scale independently. Bilinear, the pictures tied at their centres, all four bytes
+    /// alike: colour is not weighed by the key, and shrinking takes no averages. Where an outside
+    /// resize function is bound (see CKVDrawWApp) that one does the work, with other pixels.
+    ///
+    /// Takes no hold on this surface, and one on target only while its store is replaced: keep
+    /// writers off both. 0 done; -1 for a size below 1, a null target, this surface as target or no
+    /// store (target stays as it was); -1 with an empty target when there is no memory for it; -1
+    /// with undefined pixels when the outside function fails.
+    int SizeChange(CKVFrameBuffer* target, LONG width, LONG height) const;
+
+    /// The same by factors: the new size is each side times its factor, cut to an integer; the
+    /// factors themselves place the samples. -1 with target as it was also for a factor that is not
+    /// above 0 and for a size beyond 32 bits; -1 with an empty target for a size of 0.
+    int SizeChangeScale(CKVFrameBuffer* target, float scaleX, float scaleY) const;
+
   private:
     int Create(LONG width, LONG height, bool clear);
 };

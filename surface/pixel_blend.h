@@ -4,7 +4,7 @@
 
 namespace kv {
 
-// The two blends of one pixel pair, S over D, straight keys sa and da. Every division truncates.
+// The blends of one pixel pair, S over D, straight keys sa and da. Every division truncates.
 
 /// Colour channels floor((D * dstWeight + S * srcWeight) / total) and the key total, which is the
 /// sum of the weights and not 0.
@@ -20,19 +20,24 @@ inline DWORD MixPixels(DWORD dst, DWORD src, DWORD dstWeight, DWORD srcWeight, D
 
 /// Blend by the source's key:
 ///   d = da - floor(da * sa / 255), A = d + sa, channels weighted d and sa.
-/// A transparent source is taken only where the target is transparent too, and only if it has a
-/// colour to give.
-inline DWORD BlendByKey(DWORD dst, DWORD src) {
+inline DWORD BlendOver(DWORD dst, DWORD src) {
     const DWORD sa = src >> 24;
     const DWORD da = dst >> 24;
     if (sa == 255) {
         return src;
     }
     if (sa == 0) {
-        return da == 0 && src != 0 ? src : dst;
+        return dst;
     }
     const DWORD weight = da - da * sa / 255;
     return MixPixels(dst, src, weight, sa, weight + sa);
+}
+
+/// The same for layers: a transparent source is taken where the target is transparent too, if it
+/// has a colour to give.
+inline DWORD BlendByKey(DWORD dst, DWORD src) {
+    const bool bothTransparent = ((src | dst) >> 24) == 0;
+    return bothTransparent && src != 0 ? src : BlendOver(dst, src);
 }
 
 /// Blend through coverage m:
