@@ -3,6 +3,7 @@
 #include <CBox.h>
 #include <KVEffectAccess.h>
 #include <KVTextureAccess.h>
+#include <platform/archive.h>
 #include <platform/array.h>
 #include <platform/object.h>
 #include <platform/string.h>
@@ -144,6 +145,17 @@ class KVDRAW_API CDrawGraph : public CObject,
     /// The offset of an angle (degrees, 0 at 12 o'clock, clockwise) from a centre: both axes are
     /// scaled by rx and rounded half away from zero; ry is not read.
     void GetDegAdd(double deg, int rx, int ry, tagPOINT* out) const;
+
+    /// Stores the object in its file form ("DGO0") at the file's current position: all parameters,
+    /// the points and the texture names, not m_DispEria. 1, or 0 when the file failed; what was
+    /// written by then stays in it.
+    int Write(CFile* file) const;
+    /// Replaces the object's content from the file's current position, values as they come. 1, or 0
+    /// when the file failed or ended early: the fields read by then are new, the others as they
+    /// were, and the object can be used.
+    int Read(CFile* file);
+    /// Read or Write on the archive's file; the result is dropped.
+    void Serialize(CArchive& archive) override;
 
     tagKVBWDRAWINFO& EffectRecord() { return m_Info; }
     const tagKVBWDRAWINFO& EffectRecord() const { return m_Info; }

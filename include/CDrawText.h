@@ -3,6 +3,7 @@
 #include <CKVFont.h>
 #include <KVEffectAccess.h>
 #include <KVTextureAccess.h>
+#include <platform/archive.h>
 #include <platform/object.h>
 
 /// The text drawing object: a string, a font, a position and the effect properties, drawn as one
@@ -134,6 +135,17 @@ class KVDRAW_API CDrawText : public CKVFont,
     /// buffer's place in the scene; body, edge and shad are the layers' places within it. Always 0.
     int DrawFrameEria(HWND window, CKVFrameBuffer* fb, CBox& disp, CBox& body, CBox& edge,
                       CBox& shad);
+
+    /// Stores the object in its file form ("DTO0") at the file's current position: all parameters,
+    /// the string and the texture names, not m_DispEria. 1, or 0 when the file failed; what was
+    /// written by then stays in it.
+    int Write(CFile* file) const;
+    /// Replaces the object's content from the file's current position, values as they come. 1, or 0
+    /// when the file failed or ended early: the fields read by then are new, the others as they
+    /// were, and the object can be used.
+    int Read(CFile* file);
+    /// Read or Write on the archive's file; the result is dropped.
+    void Serialize(CArchive& archive) override;
 
     tagKVBWDRAWINFO& EffectRecord() { return m_Font.BwDrawInfo; }
     const tagKVBWDRAWINFO& EffectRecord() const { return m_Font.BwDrawInfo; }

@@ -49,6 +49,7 @@ int CDrawGraph::DrawFrame(CKVFrameBuffer* fb) {
     if (!HasShape(*this)) {
         return 1;
     }
+    ConnectAll();
     kv::Layers layers;
     CKVBwDraw draw;
     if (DrawBody(*this, layers.body.coverage) && fb != nullptr) {
@@ -61,6 +62,7 @@ int CDrawGraph::DrawFrameEria(CKVFrameBuffer* fb, CBox& eria, CBox& body, CBox& 
     if (!HasShape(*this)) {
         return 1;
     }
+    ConnectAll();
     kv::Layers layers;
     CKVBwDraw draw;
     if (DrawBody(*this, layers.body.coverage) && fb != nullptr) {

@@ -177,11 +177,13 @@ int CDrawText::CheckFontName(HWND window, const char* name) {
 }
 
 int CDrawText::DrawFrame(HWND window, CKVFrameBuffer* fb) {
+    ConnectAll();
     return FontFbDisp(window, &m_Font, m_String, fb, &m_DispEria);
 }
 
 int CDrawText::DrawFrameEria(HWND window, CKVFrameBuffer* fb, CBox& disp, CBox& body, CBox& edge,
                              CBox& shad) {
+    ConnectAll();
     const int result = FontFbSet(window, &m_Font, m_String, fb, m_DispEria, body, edge, shad);
     disp = m_DispEria;
     return result;

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
+// A record's fields in a block of stored bytes, little-endian. Reader and writer have the same
+// calls, so that one visit of the fields, in stored order, serves both ways. The block must hold
+// all that is visited.
+namespace kv {
+
+class BlockReader {
+  public:
+    explicit BlockReader(std::span<const std::uint8_t> block) : rest_(block) {}
+
+    void Field(std::uint32_t& value) {
+        value = 0;
+        for (int shift = 0; shift < 32; shift += 8) {
+            value |= std::uint32_t{Take(1)[0]} << shift;
+        }
+    }
+    void Field(std::int32_t& value) {
+        std::uint32_t bits = 0;
+        Field(bits);
+        value = static_cast<std::int32_t>(bits);
+    }
+    void Field(std::span<char> text) { std::ranges::copy(Take(text.size()), text.begin()); }
+    void Skip(std::size_t count) { Take(count); }
+
+  private:
+    std::span<const std::uint8_t> Take(std::size_t count) {
+        const auto taken = rest_.first(count);
+        rest_ = rest_.subspan(count);
+        return taken;
+    }
+
+    std::span<const std::uint8_t> rest_;
+};
+
+/// Leaves what is skipped as it is.
+class BlockWriter {
+  public:
+    explicit BlockWriter(std::span<std::uint8_t> block) : rest_(block) {}
+
+    void Field(std::uint32_t value) {
+        for (std::uint8_t& byte : Take(4)) {
+            byte = static_cast<std::uint8_t>(value & 0xFF);
+            value >>= 8;
+        }
+    }
+    void Field(std::int32_t value) { Field(static_cast<std::uint32_t>(value)); }
+    void Field(std::span<const char> text) { std::ranges::copy(text, Take(text.size()).begin()); }
+    void Skip(std::size_t count) { Take(count); }
+
+  private:
+    std::span<std::uint8_t> Take(std::size_t count) {
+        const auto taken = rest_.first(count);
+        rest_ = rest_.subspan(count);
+        return taken;
+    }
+
+    std::span<std::uint8_t> rest_;
+};
+
+}  // namespace kv
