@@ -84,7 +84,9 @@ void FieldWriter::Double(double value) {
 }
 
 void FieldWriter::Block(std::span<const BYTE> bytes) {
-    file_.Write(bytes.data(), static_cast<UINT>(bytes.size()));
+    if (!bytes.empty()) {
+        file_.Write(bytes.data(), static_cast<UINT>(bytes.size()));
+    }
 }
 
 void FieldWriter::String(const CString& text) {
