@@ -24,7 +24,7 @@ class MemoryFile : public CFile {
     }
     void Write(const void* bytes, UINT count) override {
         MayThrow();
-        m_Bytes.resize(std::max<std::uint64_t>(m_Bytes.size(), m_At + count));
+        m_Bytes.resize(std::max(m_Bytes.size(), static_cast<std::size_t>(m_At + count)));
         std::memcpy(m_Bytes.data() + m_At, bytes, count);
         m_At += count;
     }
