@@ -62,17 +62,20 @@ class KVDRAW_API CDrawText : public CKVFont,
     /// The area in which alignment and fitting place the line.
     void SetEria(LONG width, LONG height);
     void SetEria(CSize size) { SetEria(size.cx, size.cy); }
-    /// 0 and 2 horizontal, 1 and 3 vertical (not drawn in this version).
+    /// 0 and 2 horizontal, 1 and 3 vertical: 1 lays single-byte characters on their side, 3 sets
+    /// each run of them upright in one cell. 2 differs from 0 when fitting only: see
+    /// FitDispBwBmpH2.
     void SetDir(LONG dir);
     /// Enlargement, snapped to 1, 4, 8 or 16.
     void SetAntiScale(LONG scale);
     LONG GetAntiScale() const { return m_Font.BwDrawInfo.AntiScale; }
-    /// 0 none, 1 shrink to the area, 2 shrink or stretch (1 and 2 not drawn in this version).
+    /// 0 none, 1 shrink to the area, 2 shrink or stretch: to the width of a horizontal line's area,
+    /// the height of a vertical one's.
     void SetFitMode(LONG mode);
-    /// Bounds of the character width in percent when a fit stretches and shrinks.
+    /// Bounds of the character width in percent when a fit stretches and shrinks; Dir 3 reads none.
     void SetFitStrMax(LONG max, LONG min);
     void SetFitStrMax(CSize bounds) { SetFitStrMax(bounds.cx, bounds.cy); }
-    /// Bounds of the character distance when a fit stretches and shrinks.
+    /// Bounds of the character distance when a fit stretches and shrinks. It changes first.
     void SetFitSpMax(LONG max, LONG min);
     void SetFitSpMax(CSize bounds) { SetFitSpMax(bounds.cx, bounds.cy); }
     /// 0 widens the characters of a horizontal line by 1.125, 1 does not.

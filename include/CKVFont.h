@@ -40,10 +40,37 @@ class KVDRAW_API CKVFont {
     int NomDispBwBmpH(HWND window, tagKVFONTINFO* info, const char* text, CKVMonoBitmap* mask,
                       tagPOINT* pos);
 
+    /// One vertical line at a fixed size, from Pos_X and Pos_Y downward: the line turned clockwise,
+    /// double-byte characters of a Japanese face upright in their vertical forms, single-byte ones
+    /// on their side. Otherwise as NomDispBwBmpH.
+    int NomDispBwBmpV(HWND window, tagKVFONTINFO* info, const char* text, CKVMonoBitmap* mask,
+                      tagPOINT* pos);
+    /// The same with each run of single-byte characters upright in one cell of the line, squeezed
+    /// or centred; blanks are left out.
+    int NomDispBwBmpV2(HWND window, tagKVFONTINFO* info, const char* text, CKVMonoBitmap* mask,
+                       tagPOINT* pos);
+
+    /// One horizontal line fitted to Eria_Width: first by the distance between characters, then by
+    /// their width, each as far as its bounds in the record allow. A FitMode other than 2 shrinks
+    /// only. The line is drawn as long as it then is, and the continuation is Pos_X plus that
+    /// length. The new width starts from the widened font, so that Size_WidthPer acts twice.
+    /// Otherwise as NomDispBwBmpH.
+    int FitDispBwBmpH(HWND window, tagKVFONTINFO* info, const char* text, CKVMonoBitmap* mask,
+                      tagPOINT* pos);
+    /// The same with the new width counted from the natural one, and its percent rounded.
+    int FitDispBwBmpH2(HWND window, tagKVFONTINFO* info, const char* text, CKVMonoBitmap* mask,
+                       tagPOINT* pos);
+    /// NomDispBwBmpV fitted to Eria_Height, as FitDispBwBmpH. The thickness of the line stays.
+    int FitDispBwBmpV(HWND window, tagKVFONTINFO* info, const char* text, CKVMonoBitmap* mask,
+                      tagPOINT* pos);
+    /// NomDispBwBmpV2 fitted to Eria_Height; the character width has no bounds here.
+    int FitDispBwBmpV2(HWND window, tagKVFONTINFO* info, const char* text, CKVMonoBitmap* mask,
+                       tagPOINT* pos);
+
     /// Draws a line into fb with all its effects; *box receives the touched rectangle. Always 0:
-    /// what cannot be drawn is left undrawn. Nothing is drawn, and the effect record keeps its
-    /// position, for a Dir outside 0 to 3; in this version also for Dir 1 and 3 and for a FitMode
-    /// other than 0.
+    /// what cannot be drawn is left undrawn. Dir and FitMode choose the layout: 0, 1, 2 and 3 are
+    /// H, V, H and V2, or where FitMode is not 0 the fitted H, V, H2 and V2. Nothing is drawn, and
+    /// the effect record keeps its position, for any other Dir.
     int FontFbDisp(HWND window, tagKVFONTINFO* info, const char* text, CKVFrameBuffer* fb,
                    CBox* box);
 

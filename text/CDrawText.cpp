@@ -45,14 +45,8 @@ CDrawText::CDrawText(const CDrawText& other)
     : CKVFont(other),
       CObject(),
       KVEffectAccess<CDrawText>(other),
-      KVTextureAccess<CDrawText>(other),
-      m_Font(other.m_Font),
-      m_String(other.m_String),
-      m_BodyFile(other.m_BodyFile),
-      m_EdgeFile(other.m_EdgeFile),
-      m_ShadFile(other.m_ShadFile),
-      m_DispEria(other.m_DispEria) {
-    ConnectAll();
+      KVTextureAccess<CDrawText>(other) {
+    *this = other;
 }
 
 CDrawText& CDrawText::operator=(const CDrawText& other) {

@@ -1,5 +1,6 @@
 // The layouts as operations, and the two entry points that choose one and render its mask.
 
+#include <iterator>
 #include <new>
 
 #include <CKVBwDraw.h>
@@ -7,22 +8,29 @@
 #include <platform/exception.h>
 
 #include "text/horizontal_line.h"
+#include "text/upright_runs.h"
+#include "text/vertical_line.h"
 
 namespace {
 
 using kv::text::HorizontalLine;
+using kv::text::UprightRuns;
+using kv::text::VerticalLine;
+using kv::text::WidthStep;
+using Percent = WidthStep::Percent;
 
 // Memory that runs out on the way leaves the mask empty: a layout reports nothing and throws
 // nothing.
 template <class Line>
-int LayOut(HWND window, tagKVFONTINFO* info, const char* text, CKVMonoBitmap* mask, tagPOINT* pos) {
+int LayOut(HWND window, tagKVFONTINFO* info, const char* text, CKVMonoBitmap* mask, tagPOINT* pos,
+           const WidthStep* fit = nullptr) {
     *pos = {info->Pos_X, info->Pos_Y};
     mask->Delete();
     if (!kv::text::IsKnownScale(info->AntiScale)) {
         return 0;
     }
     try {
-        Line(window, *info, text).Run(*mask, *pos);
+        Line(window, *info, text, fit).Run(*mask, *pos);
     } catch (const std::bad_alloc&) {
         mask->Delete();
     } catch (const CMemoryException&) {
@@ -31,16 +39,25 @@ int LayOut(HWND window, tagKVFONTINFO* info, const char* text, CKVMonoBitmap* ma
     return 0;
 }
 
-// Runs the layout of the record's direction and stores its position in the effect record. No
-// layout, no mask: the position stays.
+using Layout = int (CKVFont::*)(HWND, tagKVFONTINFO*, const char*, CKVMonoBitmap*, tagPOINT*);
+
+// By direction: the plain layout and the fitted one.
+constexpr Layout kLayouts[][2] = {
+    {&CKVFont::NomDispBwBmpH, &CKVFont::FitDispBwBmpH},
+    {&CKVFont::NomDispBwBmpV, &CKVFont::FitDispBwBmpV},
+    {&CKVFont::NomDispBwBmpH, &CKVFont::FitDispBwBmpH2},
+    {&CKVFont::NomDispBwBmpV2, &CKVFont::FitDispBwBmpV2},
+};
+
+// Runs the layout of the record's direction and stores its position in the effect record. An
+// unknown direction gives no mask, and the position stays.
 void LayOutByDirection(CKVFont& font, HWND window, tagKVFONTINFO* info, const char* text,
                        CKVMonoBitmap& mask) {
-    const bool horizontal = info->Dir == 0 || info->Dir == 2;
-    if (!horizontal || info->FitMode != 0) {
+    if (info->Dir < 0 || info->Dir >= static_cast<LONG>(std::size(kLayouts))) {
         return;
     }
     tagPOINT pos;
-    font.NomDispBwBmpH(window, info, text, &mask, &pos);
+    (font.*kLayouts[info->Dir][info->FitMode != 0])(window, info, text, &mask, &pos);
     info->BwDrawInfo.Pos_X = pos.x;
     info->BwDrawInfo.Pos_Y = pos.y;
 }
@@ -50,6 +67,40 @@ void LayOutByDirection(CKVFont& font, HWND window, tagKVFONTINFO* info, const ch
 int CKVFont::NomDispBwBmpH(HWND window, tagKVFONTINFO* info, const char* text, CKVMonoBitmap* mask,
                            tagPOINT* pos) {
     return LayOut<HorizontalLine>(window, info, text, mask, pos);
+}
+
+int CKVFont::NomDispBwBmpV(HWND window, tagKVFONTINFO* info, const char* text, CKVMonoBitmap* mask,
+                           tagPOINT* pos) {
+    return LayOut<VerticalLine>(window, info, text, mask, pos);
+}
+
+int CKVFont::NomDispBwBmpV2(HWND window, tagKVFONTINFO* info, const char* text, CKVMonoBitmap* mask,
+                            tagPOINT* pos) {
+    return LayOut<UprightRuns>(window, info, text, mask, pos);
+}
+
+int CKVFont::FitDispBwBmpH(HWND window, tagKVFONTINFO* info, const char* text, CKVMonoBitmap* mask,
+                           tagPOINT* pos) {
+    static constexpr WidthStep kFit{Percent::kCut, false};
+    return LayOut<HorizontalLine>(window, info, text, mask, pos, &kFit);
+}
+
+int CKVFont::FitDispBwBmpH2(HWND window, tagKVFONTINFO* info, const char* text, CKVMonoBitmap* mask,
+                            tagPOINT* pos) {
+    static constexpr WidthStep kFit{Percent::kRounded, true};
+    return LayOut<HorizontalLine>(window, info, text, mask, pos, &kFit);
+}
+
+int CKVFont::FitDispBwBmpV(HWND window, tagKVFONTINFO* info, const char* text, CKVMonoBitmap* mask,
+                           tagPOINT* pos) {
+    static constexpr WidthStep kFit{Percent::kRounded, false};
+    return LayOut<VerticalLine>(window, info, text, mask, pos, &kFit);
+}
+
+int CKVFont::FitDispBwBmpV2(HWND window, tagKVFONTINFO* info, const char* text, CKVMonoBitmap* mask,
+                            tagPOINT* pos) {
+    static constexpr WidthStep kFit{Percent::kPlain, false};
+    return LayOut<UprightRuns>(window, info, text, mask, pos, &kFit);
 }
 
 int CKVFont::FontFbDisp(HWND window, tagKVFONTINFO* info, const char* text, CKVFrameBuffer* fb,

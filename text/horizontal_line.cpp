@@ -1,30 +1,16 @@
 #include "text/horizontal_line.h"
 
-#include <cstring>
-
-#include <CKVFont.h>
-
 #include "base/narrow.h"
-#include "platform/gdi/font_name.h"
 
 namespace kv::text {
 
 void HorizontalLine::DescribeFont() {
-    // The record's field may lack its terminator and hold more than a logical font does.
-    const std::size_t length = strnlen(m_Info.FontName, sizeof m_Info.FontName);
-    gdi::StoreName({m_Info.FontName, length}, m_Font.lfFaceName);
-    // An unknown family leaves all zero but the name: the platform's substitute then draws.
-    const LOGFONTA asked = m_Font;
-    CKVFont().GetFontLogfont(m_Window, asked.lfFaceName, &m_Font);
+    LookUpFace(m_Font);
     SetCommonFont(m_Font);
 }
 
 void HorizontalLine::WidenFont() {
-    double width = static_cast<double>(m_Metric.tmAveCharWidth) * WidthPercent();
-    if (m_Info.AspectMode == 0) {
-        width *= 1.125;
-    }
-    m_Font.lfWidth = TruncateToInt32((width + 50.0) / 100.0);
+    m_Font.lfWidth = PercentOf(m_Metric.tmAveCharWidth, WidthPercent(), AspectFactor());
 }
 
 tagSIZE HorizontalLine::MaskSize() const {
@@ -40,22 +26,18 @@ CPoint HorizontalLine::StartPoint() const {
 }
 
 CPoint HorizontalLine::Place(CPoint start) const {
-    const LONG s = Scale();
-    std::int64_t y = std::int64_t{start.y} - m_Metric.tmHeight / s;
-    if (m_Font.lfCharSet != SHIFTJIS_CHARSET) {
-        y += m_Metric.tmDescent / s - TruncateToInt32(m_Metric.tmHeight * 0.05 / s);
-    }
-    const std::int64_t x = std::int64_t{start.x} + AlignShift(m_Info.Eria_Width);
-    return {SaturateToInt32(x), SaturateToInt32(y)};
+    const std::int64_t top = std::int64_t{start.y} - m_Metric.tmHeight / Scale();
+    return {SaturateToInt32(std::int64_t{start.x} + AlignShift()),
+            SaturateToInt32(top + BaselineShift())};
 }
 
 // The row is the anchor's, also when the line itself started elsewhere.
-CPoint HorizontalLine::Continuation(CPoint placed) const {
-    return {SaturateToInt32(placed.x + m_Length / Scale()), m_Info.Pos_Y};
+CPoint HorizontalLine::Continuation(CPoint from) const {
+    return {SaturateToInt32(from.x + m_Length / Scale()), m_Info.Pos_Y};
 }
 
 void HorizontalLine::DrawLine() {
-    m_Dc.TextOutA(0, 0, m_Text.c_str(), SaturateToInt32(static_cast<std::int64_t>(m_Text.size())));
+    TextOut(0, 0, m_Text);
 }
 
 }  // namespace kv::text

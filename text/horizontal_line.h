@@ -12,10 +12,11 @@ class HorizontalLine : public LineLayout {
   protected:
     void DescribeFont() override;
     void WidenFont() override;
+    LONG AreaLength() const override { return m_Info.Eria_Width; }
     tagSIZE MaskSize() const override;
     CPoint StartPoint() const override;
     CPoint Place(CPoint start) const override;
-    CPoint Continuation(CPoint placed) const override;
+    CPoint Continuation(CPoint from) const override;
     void DrawLine() override;
 };
 

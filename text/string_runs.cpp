@@ -5,13 +5,11 @@
 #include <CKVFont.h>
 
 #include "platform/mbcs.h"
+#include "text/line_cell.h"
 
 namespace {
 
 using kv::_mbsinc;
-
-// WHITE CIRCLE: stands for one cell of a vertical line.
-constexpr char kCircle[] = "\x81\x9B";
 
 enum class RunKind { kNone, kMulti, kSingle };
 
@@ -80,7 +78,7 @@ void CKVFont::SplitMultiAndSingle(const char* text, CStringArray& parts, CString
             runs.Blank();
         } else {
             if (runs.Kind() != RunKind::kSingle) {
-                measured += kCircle;
+                measured += kv::text::kLineCell;
             }
             runs.Append(character, RunKind::kSingle);
         }

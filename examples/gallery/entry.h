@@ -20,6 +20,7 @@ struct Entry {
     }
 
 std::span<const Entry> Captions();
+std::span<const Entry> Vertical();
 std::span<const Entry> Effects();
 std::span<const Entry> Gradients();
 std::span<const Entry> Shapes();

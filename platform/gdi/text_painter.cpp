@@ -90,19 +90,19 @@ const GlyphOutline& TextPainter::OutlineOf(const TextLine& line, const PlacedGly
 /// From font units to u and v, counted from the glyph's start.
 Affine TextPainter::GlyphToCell(const PlacedGlyph& placed, const GlyphOutline& outline) const {
     const double scale = m_Font.emPixels / outline.unitsPerEm;
-    const double ascent = m_Font.metrics.tmAscent;
+    const double along = scale * m_Font.stretch;  // narrower or wider with the font
     const bool shear = placed.face != TextLine::kMissing && m_Font.faces[placed.face].shear;
-    // About the baseline, and narrower or wider with the font.
     const double slant = shear ? kSlant : 0.0;
-    const Affine shape{
-        m_Font.stretch, -slant * m_Font.stretch, slant * m_Font.stretch * ascent, 0.0, 1.0, 0.0};
     if (!m_Font.vertical || !placed.doubleByte) {
-        return shape.After({scale, 0.0, 0.0, 0.0, -scale, ascent});
+        const double ascent = m_Font.metrics.tmAscent;
+        return {along, slant * along, 0.0, 0.0, -scale, ascent};
     }
     // Turned counter-clockwise: the em's upper edge to the glyph's start, its middle to the cell's.
+    // It leans before that turn, about the em's middle, which so stays in the middle of the line.
+    const double lean = slant * (outline.verticalTop - outline.unitsPerEm / 2.0);
     const double middle = m_Font.metrics.tmHeight / 2.0;
-    return shape.After({0.0, -scale, outline.verticalTop * scale, -scale, 0.0,
-                        middle + outline.advance / 2.0 * scale});
+    return {0.0,    -along,         outline.verticalTop * along,
+            -scale, -slant * scale, middle + (outline.advance / 2.0 + lean) * scale};
 }
 
 /// Holds all ink of a glyph of the line as drawn upright.

@@ -1,0 +1,170 @@
+// Text: vertical lines, and lines fitted to an area.
+
+#include "entry.h"
+
+namespace gallery {
+
+static void VerticalPoem(CKVFrameBuffer& picture) {
+    Sky(picture, 720, 480);
+    CDrawText line;
+    line.SetFontName(KVFromUtf8("ＭＳ 明朝"));
+    line.SetDir(1);
+    line.SetSize(36, 89);
+    line.SetShadType(2, 2, 4, 0);
+    line.SetShadCol(0xA0000000);
+    const char* const lines[] = {"春はあけぼの。", "やうやう白くなりゆく山ぎは、",
+                                 "すこしあかりて、", "紫だちたる雲の", "ほそくたなびきたる。"};
+    LONG column = 600;
+    for (const char* const words : lines) {
+        line.SetString(KVFromUtf8(words));
+        line.SetPos(column, 24);
+        line.DrawFrame(nullptr, &picture);
+        column -= 64;
+    }
+    line.SetSize(22, 89);
+    line.SetFormat(1);  // at the lower end of its area
+    line.SetEria(0, 432);
+    line.SetString(KVFromUtf8("『枕草子』より"));
+    line.SetPos(column, 24);
+    line.DrawFrame(nullptr, &picture);
+}
+
+static void VerticalMarks(CKVFrameBuffer& picture) {
+    Sky(picture, 720, 520);
+    CDrawText line;
+    line.SetDir(1);
+    line.SetSize(44, 89);
+    const char* const faces[] = {"ＭＳ ゴシック", "ＭＳ 明朝"};
+    const char* const lines[] = {"「きゃっ、ホームラン！」", "（あーいう）——それは…。",
+                                 "【東京・大阪】〜ァィゥ：；"};
+    LONG column = 640;
+    for (const char* const face : faces) {
+        line.SetFontName(KVFromUtf8(face));
+        for (const char* const words : lines) {
+            line.SetString(KVFromUtf8(words));
+            line.SetPos(column, 16);
+            line.DrawFrame(nullptr, &picture);
+            column -= 76;
+        }
+        column -= 100;
+    }
+}
+
+static void UprightNumbers(CKVFrameBuffer& picture) {
+    Sky(picture, 720, 460);
+    CDrawText line;
+    line.SetSize(40, 89);
+    LONG column = 640;
+    for (const LONG dir : {3, 1}) {  // each run upright in one cell; all of them on their side
+        line.SetDir(dir);
+        for (const char* const words : {"平成25年12月3日", "第5回 NHK杯", "午後7時45分～"}) {
+            line.SetString(KVFromUtf8(words));
+            line.SetPos(column, 16);
+            line.DrawFrame(nullptr, &picture);
+            column -= 90;
+        }
+        column -= 70;
+    }
+}
+
+static void SqueezedRuns(CKVFrameBuffer& picture) {
+    Sky(picture, 720, 460);
+    CDrawText line;
+    line.SetDir(3);
+    line.SetSize(56, 100);
+    LONG column = 620;
+    for (const char* const words :
+         {"第1回大会", "第12回大会", "第123回会", "西暦2026年", "定価12800円"}) {
+        line.SetString(KVFromUtf8(words));
+        line.SetPos(column, 16);
+        line.DrawFrame(nullptr, &picture);
+        column -= 130;
+    }
+}
+
+static void VerticalStyles(CKVFrameBuffer& picture) {
+    Sky(picture, 720, 460);
+    CDrawText line;
+    line.SetDir(3);
+    line.SetSize(48, 89);
+    line.SetString(KVFromUtf8("斜めの国、50年。"));
+    LONG column = 630;
+    for (const char* const face : {"ＭＳ ゴシック", "ＭＳ 明朝"}) {
+        line.SetFontName(KVFromUtf8(face));
+        for (const LONG style : {0, 1, 2, 3}) {
+            line.SetWeight(style & 1);
+            line.SetItalic(style & 2);
+            line.SetPos(column, 16);
+            line.DrawFrame(nullptr, &picture);
+            column -= 84;
+        }
+    }
+}
+
+// Outlines an area.
+static void DrawArea(CKVFrameBuffer& picture, LONG x, LONG y, LONG width, LONG height) {
+    const tagRECT area{x, y, x + width, y + height};
+    CDrawGraph box;
+    box.SetRect(&area);
+    box.SetBodyCol(0xFFFFE040);
+    box.DrawFrame(&picture);
+}
+
+static void FittedRows(CKVFrameBuffer& picture) {
+    Sky(picture, 720, 420);
+    CDrawText line;
+    line.SetFitMode(2);
+    line.SetFitSpMax(12, -3);    // distance first, in pixels,
+    line.SetFitStrMax(180, 50);  // then width, in percent
+    LONG row = 60;
+    for (const LONG dir : {0, 2}) {
+        line.SetDir(dir);
+        for (const char* const words : {"短い", "箱に合わせる", "長い文字列も箱の幅に合わせる"}) {
+            line.SetString(KVFromUtf8(words));
+            line.SetSize(36, 100);
+            line.SetPos(160, row);
+            line.SetEria(400, 0);
+            line.DrawFrame(nullptr, &picture);
+            DrawArea(picture, 160, row - 40, 400, 44);
+            row += 62;
+        }
+    }
+}
+
+static void FittedColumns(CKVFrameBuffer& picture) {
+    Sky(picture, 720, 420);
+    CDrawText line;
+    line.SetFitMode(2);
+    line.SetFitSpMax(12, -3);
+    line.SetFitStrMax(180, 50);
+    LONG column = 630;
+    for (const LONG dir : {1, 3}) {
+        line.SetDir(dir);
+        for (const char* const words :
+             {"第7回", "平成25年、春", "長い文字列も箱の高さに合わせる12月"}) {
+            line.SetString(KVFromUtf8(words));
+            line.SetSize(36, 89);
+            line.SetPos(column, 30);
+            line.SetEria(0, 360);
+            line.DrawFrame(nullptr, &picture);
+            DrawArea(picture, column - 2, 30, 40, 360);
+            column -= 100;
+        }
+        column -= 20;
+    }
+}
+
+std::span<const Entry> Vertical() {
+    static constexpr Entry kEntries[] = {
+        GALLERY_ENTRY(VerticalPoem, "Vertical lines, the last one at the lower end of its area"),
+        GALLERY_ENTRY(VerticalMarks, "Punctuation, small kana, brackets and long vowel marks"),
+        GALLERY_ENTRY(UprightNumbers, "Numbers set upright in one cell, and on their side"),
+        GALLERY_ENTRY(SqueezedRuns, "Numbers too wide for a cell are squeezed into it"),
+        GALLERY_ENTRY(VerticalStyles, "Bold, italic and both"),
+        GALLERY_ENTRY(FittedRows, "Stretched and shrunk to a width, by both forms of the fit"),
+        GALLERY_ENTRY(FittedColumns, "Stretched and shrunk to a height, by both vertical forms"),
+    };
+    return kEntries;
+}
+
+}  // namespace gallery

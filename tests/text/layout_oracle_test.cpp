@@ -1,0 +1,308 @@
+// All layouts against their arithmetic written down in one plain walk, over random records. Fonts,
+// metrics, extents and drawing come from the platform layer.
+
+#include <cstring>
+#include <random>
+#include <string>
+
+#include <CKVFont.h>
+#include <KVUtf8.h>
+#include <gtest/gtest.h>
+
+#include "platform/gdi/dc.h"
+#include "platform/mbcs.h"
+#include "text/fit_rule.h"
+
+namespace {
+
+struct Line {
+    CKVMonoBitmap mask;
+    tagPOINT pos{};
+    tagPOINT next{};
+};
+
+class Oracle {
+  public:
+    Oracle(const tagKVFONTINFO& record, const char* string) : info(record), text(string) {}
+
+    void Run(Line& line) {
+        LOGFONTA plain = Find(info.FontName), f = plain;
+        if (vertical && f.lfCharSet == 128) {
+            CKVFont().GetFontLogfont(nullptr, (std::string("@") + f.lfFaceName).c_str(), &f);
+        }
+        f.lfHeight = info.Size_Height * s;
+        f.lfWeight = info.Weight != 0 ? 700 : 400;
+        f.lfItalic = BYTE(info.Italic);
+        f.lfWidth = f.lfOrientation = 0;
+        f.lfEscapement = vertical ? -900 : 0;
+        CFont font = Use(f);
+        const int a0 = tm.tmAveCharWidth, p = info.Size_WidthPer != 0 ? info.Size_WidthPer : 100;
+        const double aspect = info.AspectMode == 0 ? 1.125 : 1.0;
+        if (vertical) {
+            f.lfHeight = int((s * info.Size_Height * p * 1.125 + 50.0) / 100.0);
+            f.lfWidth = a0;
+        } else {
+            f.lfWidth = int((double(a0) * p * aspect + 50.0) / 100.0);
+        }
+        font = Use(f);
+        const int a = tm.tmAveCharWidth;
+        if (info.SpPer != 0) {
+            dc.SetTextJustification(-(a / 2) - int(a * 0.5 * info.SpPer / -100.0), 1);
+        }
+        CStringArray parts;
+        CString multi;
+        CKVFont().SplitMultiAndSingle(text.c_str(), parts, multi);
+        measured = info.Dir == 3 ? std::string(multi) : text;
+        e = info.Space * s;
+        Measure();
+        if (info.FitMode != 0) {
+            const double ratio = FitRatio();
+            if (ratio != 0.0) {
+                const double cut = info.Dir == 0 ? 0.0 : 0.5;
+                int q = int(p * ratio + cut);
+                q = shrinks ? std::max(q, info.FitStrMax_Min) : std::min(q, info.FitStrMax_Max);
+                f.lfWidth = info.Dir == 3   ? int((ratio * 100.0 * a + 50.0) / 100.0)
+                            : info.Dir == 2 ? int((double(a0) * q * aspect + 50.0) / 100.0)
+                                            : int((double(a) * q + 50.0) / 100.0);
+            }
+            font = Use(f);
+            Measure();
+        }
+        Place(f.lfCharSet, line);
+        CBitmap bitmap;
+        bitmap.CreateBitmap(W, H, 1, 1, nullptr);
+        dc.SelectObject(bitmap);
+        dc.SetTextColor(0xFFFFFF);
+        dc.SetBkColor(0);
+        dc.SetTextCharacterExtra(e);
+        if (info.Dir == 3) {
+            plain.lfHeight = 2 * f.lfWidth;
+            plain.lfWidth = f.lfHeight / 2;
+            plain.lfWeight = f.lfWeight;
+            plain.lfItalic = f.lfItalic;
+            DrawRuns(parts, font, plain);
+        } else {
+            Out(vertical ? C : 0, 0, text);
+        }
+        line.mask.Create(W, H);
+        bitmap.GetBitmapBits(line.mask.Size, line.mask.Bits);
+    }
+
+  private:
+    static LOGFONTA Find(const char* name) {
+        LOGFONTA found{};
+        std::strcpy(found.lfFaceName, name);
+        CKVFont().GetFontLogfont(nullptr, name, &found);
+        return found;
+    }
+    CFont Use(const LOGFONTA& f) {
+        CFont font;
+        font.CreateFontIndirectA(f);
+        dc.SelectObject(font);
+        dc.GetTextMetricsA(&tm);
+        return font;
+    }
+    tagSIZE Extent(const std::string& run) {
+        tagSIZE size{};
+        dc.GetTextExtentPoint32A(run.c_str(), int(run.size()), &size);
+        return size;
+    }
+    void Out(int x, int y, const std::string& run) {
+        dc.TextOutA(x, y, run.c_str(), int(run.size()));
+    }
+    void Measure() {
+        dc.SetTextCharacterExtra(e < 0 ? 0 : e);
+        n = int(kv::_mbslen(measured.c_str()));
+        L = Extent(measured).cx + (e < 0 ? (n - 2) * e : -e);
+        C = Extent(measured).cy;
+    }
+    // The distance goes to e; 0 when the width stays.
+    double FitRatio() {
+        const int T = (vertical ? info.Eria_Height : info.Eria_Width) * s, e0 = e;
+        shrinks = L > T;
+        if (L > T) {
+            int over = L - T;
+            if (n > 1) {
+                const int m = info.FitSpMax_Min * s;
+                e = e0 - over / (n - 1);
+                if (e > m)
+                    return 0.0;
+                e = m;
+                over -= (e0 - m) * (n - 1);
+            }
+            return over <= 0 || T + over == 0 ? 0.0 : double(T) / (T + over);
+        }
+        if (L == T || info.FitMode != 2)
+            return 0.0;
+        int gap = T - L;
+        if (n > 1) {
+            const int m = info.FitSpMax_Max * s;
+            e = e0 + gap / (n - 1);
+            if (e <= m)
+                return 0.0;
+            e = m;
+            gap -= (m - e0) * (n - 1);
+        }
+        return gap <= 0 || T - gap <= 0 ? 0.0 : double(T) / (T - gap);
+    }
+    void Place(BYTE charSet, Line& line) {
+        const int v = info.Italic != 0 ? tm.tmAveCharWidth / 2 : 0, along = L / s;
+        const int low = charSet == 128 ? 0 : tm.tmDescent / s - int(tm.tmHeight * 0.05 / s);
+        const int area = vertical ? info.Eria_Height : info.Eria_Width;
+        const int align = info.Format == 1   ? area - along
+                          : info.Format == 2 ? area / 2 - along / 2
+                                             : 0;
+        int x = info.Pos_X, y = info.Pos_Y;
+        if (vertical) {
+            W = (C + 15) / 16 * 16;
+            H = (L + v + s - 1) / s * s;
+            line.pos = {x - low, y + align};
+            line.next = {x, (info.FitMode != 0 ? y : line.pos.y) + along};
+        } else {
+            W = (L + v + 15) / 16 * 16;
+            H = (C + s - 1) / s * s;
+            if (info.AddressMode != 0)
+                x = info.NextAddress_X, y = info.NextAddress_Y;
+            line.pos = {x + align, y - tm.tmHeight / s + low};
+            line.next = {(info.FitMode != 0 ? info.Pos_X : line.pos.x) + along, info.Pos_Y};
+        }
+    }
+    void DrawRuns(const CStringArray& parts, const CFont& line, const LOGFONTA& upright) {
+        for (int i = 0, c = 0; i < parts.GetSize(); ++i) {
+            const std::string run(parts[i]);
+            dc.SelectObject(line);
+            dc.SetTextCharacterExtra(e);
+            if (kv::CharBytes(run.c_str()) == 2) {
+                Out(C, c, run);
+                c += Extent(run).cx;
+            } else if (!run.empty()) {
+                const tagSIZE cell = Extent("\x81\x9B");
+                dc.SetTextCharacterExtra(0);
+                LOGFONTA squeezed = upright;
+                Use(upright);
+                const int r = Extent(run).cx;
+                if (r > cell.cy) {
+                    const int q = int(double(cell.cy) / r * 100.0);
+                    squeezed.lfWidth = int((double(q) * tm.tmAveCharWidth + 50.0) / 100.0);
+                    Use(squeezed);
+                }
+                if (upright.lfHeight != 0)
+                    Out(r > cell.cy ? 0 : cell.cy / 2 - r / 2, c, run);
+                c += cell.cx;
+            }
+        }
+    }
+
+    const tagKVFONTINFO& info;
+    const std::string text;
+    std::string measured;
+    CDC dc;
+    TEXTMETRICA tm{};
+    const bool vertical = info.Dir % 2 == 1;
+    const int s = info.AntiScale;
+    int e = 0, n = 0, L = 0, C = 0, W = 0, H = 0;
+    bool shrinks = false;
+};
+
+tagKVFONTINFO RandomRecord(std::mt19937& random) {
+    const auto pick = [&](int low, int high) { return low + int(random() % unsigned(high - low)); };
+    const char* const faces[] = {"ＭＳ ゴシック", "ＭＳ 明朝", "Arial", "IPA P明朝", "Nowhere"};
+    tagKVFONTINFO info{};
+    std::strcpy(info.FontName, KVFromUtf8(faces[pick(0, 5)]));
+    info.AntiScale = info.BwDrawInfo.AntiScale = pick(0, 4) == 0 ? 1 : 4 << pick(0, 3);
+    info.AspectMode = pick(0, 2);
+    info.Size_Height = pick(-4, 24);
+    info.Size_WidthPer = pick(0, 3) == 0 ? 0 : pick(40, 180);
+    info.Dir = pick(0, 4);
+    info.FitMode = pick(0, 3);
+    info.Space = pick(0, 2) == 0 ? 0 : pick(-5, 9);
+    info.SpPer = pick(0, 2) * pick(0, 300);
+    info.Weight = pick(0, 2);
+    info.Italic = pick(0, 2);
+    info.Format = pick(0, 4);
+    info.Eria_Width = pick(-5, 260);
+    info.Eria_Height = pick(-5, 260);
+    info.FitStrMax_Max = pick(0, 5) == 0 ? -80 : pick(0, 300);
+    info.FitStrMax_Min = pick(0, 5) == 0 ? -80 : pick(0, 120);
+    info.FitSpMax_Max = pick(-3, 12);
+    info.FitSpMax_Min = pick(-5, 3);
+    info.Pos_X = pick(-99, 99);
+    info.Pos_Y = pick(-99, 99);
+    info.AddressMode = pick(0, 2);
+    info.NextAddress_X = pick(-99, 99);
+    info.NextAddress_Y = pick(-99, 99);
+    return info;
+}
+
+TEST(Layouts, FollowTheirArithmetic) {
+    using Layout = int (CKVFont::*)(HWND, tagKVFONTINFO*, const char*, CKVMonoBitmap*, tagPOINT*);
+    const Layout layouts[][2] = {{&CKVFont::NomDispBwBmpH, &CKVFont::FitDispBwBmpH},
+                                 {&CKVFont::NomDispBwBmpV, &CKVFont::FitDispBwBmpV},
+                                 {&CKVFont::NomDispBwBmpH, &CKVFont::FitDispBwBmpH2},
+                                 {&CKVFont::NomDispBwBmpV2, &CKVFont::FitDispBwBmpV2}};
+    const CString texts[] = {KVFromUtf8("平成25年（冬）。"),
+                             KVFromUtf8("ーっ ｶﾅ ab"),
+                             KVFromUtf8("第12345回 NHK"),
+                             KVFromUtf8("字"),
+                             "x",
+                             "",
+                             "   ",
+                             "ab\x83"};
+    std::mt19937 random(3);
+    int inked = 0;
+    for (int i = 0; i < 600; ++i) {
+        tagKVFONTINFO info = RandomRecord(random);
+        const char* const text = texts[random() % std::size(texts)];
+        SCOPED_TRACE(testing::Message() << i << " Dir " << info.Dir << " FitMode " << info.FitMode);
+        Line expected, found;
+        Oracle(info, text).Run(expected);
+        tagKVFONTINFO before = info;
+        (CKVFont().*layouts[info.Dir][info.FitMode != 0])(nullptr, &info, text, &found.mask,
+                                                          &found.pos);
+        EXPECT_EQ(CPoint(found.pos), CPoint(expected.pos));
+        EXPECT_EQ(CPoint(info.NextAddress_X, info.NextAddress_Y), CPoint(expected.next));
+        EXPECT_EQ(found.mask.Width, expected.mask.Width);
+        ASSERT_EQ(found.mask.Height, expected.mask.Height);
+        ASSERT_EQ(std::memcmp(found.mask.Bits, expected.mask.Bits, found.mask.Size), 0);
+        inked += std::count_if(found.mask.Bits, found.mask.Bits + found.mask.Size,
+                               [](BYTE b) { return b != 0; }) > 50;
+        CKVFont().FontFbDisp(nullptr, &before, text, nullptr, nullptr);
+        EXPECT_EQ(CPoint(before.BwDrawInfo.Pos_X, before.BwDrawInfo.Pos_Y), CPoint(expected.pos));
+        EXPECT_EQ(CPoint(before.NextAddress_X, before.NextAddress_Y), CPoint(expected.next));
+    }
+    EXPECT_GT(inked, 300);
+}
+
+TEST(FitRule, SettlesEqualitiesAndWhatHasNoRatio) {
+    struct {
+        const char* what;
+        kv::text::FitTask task;  // length, target, count, extra, least, most, may stretch
+        std::int64_t extra;
+        double ratio;  // 1 when the width stays
+    } const cases[] = {
+        {"worked fit", {1800, 1600, 5, 0, -32, 0, false}, -32, 1600.0 / 1672},
+        {"exactly the target", {1600, 1600, 5, 7, -99, 99, true}, 7, 1.0},
+        {"short, shrinking only", {1500, 1600, 5, 7, -99, 99, false}, 7, 1.0},
+        {"shrunk by the distance", {1800, 1600, 5, 0, -51, 0, true}, -50, 1.0},
+        {"least reached, nothing left", {1800, 1600, 5, 0, -50, 0, true}, -50, 1.0},
+        {"least reached, a remainder left", {1803, 1600, 5, 0, -50, 0, true}, -50, 1600.0 / 1603},
+        {"most reached, a remainder dropped", {1397, 1600, 5, 0, 0, 50, true}, 50, 1.0},
+        {"most passed", {1396, 1600, 5, 0, 0, 50, true}, 51 - 1, 1600.0 / 1596},
+        {"less than a pixel a gap", {1603, 1600, 5, 4, -9, 9, true}, 4, 1.0},
+        {"one character", {900, 1600, 1, 4, -9, 9, true}, 4, 1600.0 / 900},
+        {"raised to the least", {1700, 1600, 3, -40, -20, 0, false}, -20, 1600.0 / 1740},
+        {"lowered to the most", {1500, 1600, 3, 40, 0, 10, true}, 10, 1600.0 / 1440},
+        {"stretch of nothing", {0, 1600, 0, 0, 0, 0, true}, 0, 1.0},
+        {"stretch of less", {-30, 1600, 1, 0, 0, 0, true}, 0, 1.0},
+        {"an area of nothing", {900, 0, 1, 0, 0, 0, true}, 0, 0.0},
+        {"an area of less", {900, -90, 1, 0, 0, 0, true}, 0, -0.1},
+    };
+    for (const auto& c : cases) {
+        const kv::text::FitOutcome fit = kv::text::Fit(c.task);
+        EXPECT_EQ(fit.extra, c.extra) << c.what;
+        EXPECT_EQ(fit.ratio, c.ratio) << c.what;
+        EXPECT_EQ(fit.resized, c.ratio != 1.0) << c.what;
+    }
+}
+
+}  // namespace
