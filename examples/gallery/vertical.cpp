@@ -30,13 +30,13 @@ static void VerticalPoem(CKVFrameBuffer& picture) {
 }
 
 static void VerticalMarks(CKVFrameBuffer& picture) {
-    Sky(picture, 720, 520);
+    Sky(picture, 720, 540);
     CDrawText line;
     line.SetDir(1);
     line.SetSize(44, 89);
     const char* const faces[] = {"ＭＳ ゴシック", "ＭＳ 明朝"};
-    const char* const lines[] = {"「きゃっ、ホームラン！」", "（あーいう）——それは…。",
-                                 "【東京・大阪】〜ァィゥ：；"};
+    const char* const lines[] = {"「きゃっ、ホームラン！」", "（あーいう）——はい…。",
+                                 "【東京・大阪】〜ァィゥ"};
     LONG column = 640;
     for (const char* const face : faces) {
         line.SetFontName(KVFromUtf8(face));
@@ -87,7 +87,7 @@ static void VerticalStyles(CKVFrameBuffer& picture) {
     CDrawText line;
     line.SetDir(3);
     line.SetSize(48, 89);
-    line.SetString(KVFromUtf8("斜めの国、50年。"));
+    line.SetString(KVFromUtf8("斜めの国、5年。"));
     LONG column = 630;
     for (const char* const face : {"ＭＳ ゴシック", "ＭＳ 明朝"}) {
         line.SetFontName(KVFromUtf8(face));
@@ -114,12 +114,13 @@ static void FittedRows(CKVFrameBuffer& picture) {
     Sky(picture, 720, 420);
     CDrawText line;
     line.SetFitMode(2);
-    line.SetFitSpMax(12, -3);    // distance first, in pixels,
+    line.SetFitSpMax(60, -3);    // distance first, in pixels,
     line.SetFitStrMax(180, 50);  // then width, in percent
     LONG row = 60;
     for (const LONG dir : {0, 2}) {
         line.SetDir(dir);
-        for (const char* const words : {"短い", "箱に合わせる", "長い文字列も箱の幅に合わせる"}) {
+        for (const char* const words :
+             {"箱の幅", "箱の幅に合わせる", "長い文字列も箱の幅に合わせる"}) {
             line.SetString(KVFromUtf8(words));
             line.SetSize(36, 100);
             line.SetPos(160, row);
@@ -135,7 +136,7 @@ static void FittedColumns(CKVFrameBuffer& picture) {
     Sky(picture, 720, 420);
     CDrawText line;
     line.SetFitMode(2);
-    line.SetFitSpMax(12, -3);
+    line.SetFitSpMax(60, -3);
     line.SetFitStrMax(180, 50);
     LONG column = 630;
     for (const LONG dir : {1, 3}) {
