@@ -6,6 +6,7 @@
 #include <CBwDrawInfo.h>
 #include <CDrawGraph.h>
 #include <CDrawText.h>
+#include <CImgFile.h>
 #include <CKVBwDraw.h>
 #include <CKVDrawWApp.h>
 #include <CKVFont.h>

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <span>
 
 // Stepping through zero-terminated strings in code page 932. A lead byte directly before the
 // terminator is a single-byte character of its own code, and nothing steps past the terminator.
@@ -33,6 +34,17 @@ const char* _mbsninc(const char* text, std::size_t count);
 
 /// Bytes of the first count characters, or of all when there are fewer.
 std::size_t _mbsnbcnt(const char* text, std::size_t count);
+
+/// Below 0, 0 or above 0 as a comes before, is equal to or comes after b, without regard to the
+/// case of ASCII and full-width Latin letters.
+int _mbsicmp(const char* a, const char* b);
+
+/// Splits a path into a drive (a letter and its colon), a directory with its closing "/" or "\\", a
+/// name, and an extension with its dot. The second byte of a double-byte character is no separator.
+/// 0 when done; an errno value, with empty strings in the buffers (of a byte at least), when path
+/// is null (EINVAL) or a part with its terminator does not fit (ERANGE).
+int _splitpath_s(const char* path, std::span<char> drive, std::span<char> directory,
+                 std::span<char> name, std::span<char> extension);
 
 /// Copies at most byteCount bytes of text, whole characters only, and the terminator. 0 when done;
 /// an errno value, with an empty string in a target that has room for one, when target is too small

@@ -78,4 +78,41 @@ TEST(Multibyte, CopiesWholeCharactersOnly) {
     EXPECT_EQ(kv::_mbsnbcpy_s(nullptr, 4, "a", 1), EINVAL);
 }
 
+TEST(Multibyte, ComparesWithoutCase) {
+    EXPECT_EQ(kv::_mbsicmp(".TgA", ".tga"), 0);
+    EXPECT_EQ(kv::_mbsicmp("\x82\x60", "\x82\x81"), 0);  // full-width A
+    EXPECT_NE(kv::_mbsicmp("\x83\x41", "\x83\x61"), 0);  // letters as trail bytes
+    EXPECT_LT(kv::_mbsicmp("a", "B"), 0);
+    EXPECT_GT(kv::_mbsicmp("ab", "A"), 0);
+    EXPECT_LT(kv::_mbsicmp("", "\x82"), 0);
+}
+
+TEST(Multibyte, SplitsPaths) {
+    const struct {
+        const char* path;
+        const char* parts[4];
+    } cases[] = {
+        {"", {"", "", "", ""}},
+        {"c:\\dir.d\\a.b.TGA", {"c:", "\\dir.d\\", "a.b", ".TGA"}},
+        {"/dir.tga/name", {"", "/dir.tga/", "name", ""}},
+        {"x:.tga", {"x:", "", "", ".tga"}},
+        {"1:a.", {"", "", "1:a", "."}},
+        {"\x95\x5C.bmp", {"", "", "\x95\x5C", ".bmp"}},          // trail byte like a backslash
+        {"\xE5\x83\x8F.tga", {"", "", "\xE5\x83\x8F", ".tga"}},  // UTF-8, a lead byte at its end
+        {"a\\\x83", {"", "a\\", "\x83", ""}},
+    };
+    char drive[3], directory[10], name[8], extension[8];
+    for (const auto& c : cases) {
+        EXPECT_EQ(kv::_splitpath_s(c.path, drive, directory, name, extension), 0) << c.path;
+        const char* const parts[] = {drive, directory, name, extension};
+        for (int i = 0; i < 4; ++i) {
+            EXPECT_STREQ(parts[i], c.parts[i]) << c.path;
+        }
+    }
+    EXPECT_EQ(kv::_splitpath_s("a.1234567", drive, directory, name, extension), ERANGE);
+    EXPECT_STREQ(name, "");
+    EXPECT_EQ(kv::_splitpath_s("a.123456", drive, directory, name, extension), 0);
+    EXPECT_EQ(kv::_splitpath_s(nullptr, drive, directory, name, extension), EINVAL);
+}
+
 }  // namespace
