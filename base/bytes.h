@@ -30,6 +30,14 @@ class ByteReader {
         const std::uint8_t low = U8();
         return static_cast<std::uint16_t>(low | U8() << 8);
     }
+    std::uint16_t U16Be() {
+        const std::uint8_t high = U8();
+        return static_cast<std::uint16_t>(high << 8 | U8());
+    }
+    std::uint32_t U32Be() {
+        const std::uint32_t high = U16Be();
+        return high << 16 | U16Be();
+    }
 
   private:
     std::span<const std::uint8_t> m_Rest;
@@ -49,6 +57,14 @@ class ByteWriter {
     void U16Le(std::uint16_t value) {
         U8(static_cast<std::uint8_t>(value & 0xFF));
         U8(static_cast<std::uint8_t>(value >> 8));
+    }
+    void U16Be(std::uint16_t value) {
+        U8(static_cast<std::uint8_t>(value >> 8));
+        U8(static_cast<std::uint8_t>(value & 0xFF));
+    }
+    void U32Be(std::uint32_t value) {
+        U16Be(static_cast<std::uint16_t>(value >> 16));
+        U16Be(static_cast<std::uint16_t>(value & 0xFFFF));
     }
     void Bytes(std::span<const std::uint8_t> bytes) {
         for (const std::uint8_t byte : bytes) {

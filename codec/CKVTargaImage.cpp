@@ -15,10 +15,7 @@ namespace {
 using kv::tga::BytesPerPixel;
 using kv::tga::kHeaderBytes;
 
-constexpr UINT kOpenToRead = CFile::typeBinary | CFile::shareDenyWrite | CFile::modeRead;
-constexpr UINT kOpenToWrite =
-    CFile::typeBinary | CFile::modeCreate | CFile::shareExclusive | CFile::modeWrite;
-
+constexpr DWORD kReadChunk = 4096;
 constexpr DWORD kWorstBytesPerPixel = 5;  // every pixel a packet of its own
 
 tagTGA_HEADER ParseHeader(std::span<const BYTE, kHeaderBytes> bytes) {
@@ -64,25 +61,16 @@ bool SkipIdentification(CFile& file, UINT length) {
     return length == 0 || file.Read(dropped.data(), length) >= length;
 }
 
-// How many of the bytes that the file still holds a decoder can want.
-std::uint64_t DataBytes(const CFile& file, const tagTGA_HEADER& header) {
-    const std::uint64_t length = file.GetLength();
-    const std::uint64_t position = file.GetPosition();
+// The most bytes that a decoder can want.
+std::uint64_t MostDataBytes(const tagTGA_HEADER& header) {
     const DWORD packet = header.ImageType == kv::tga::kRunLength ? 1 : 0;
-    const std::uint64_t most =
-        kv::SaturatedProduct({header.Width, header.Height, packet + BytesPerPixel(header)});
-    return position < length ? std::min(length - position, most) : 0;
+    return kv::SaturatedProduct({header.Width, header.Height, packet + BytesPerPixel(header)});
 }
 
 }  // namespace
 
 int CKVTargaImage::LoadImg(const char* name, CKVFrameBuffer* fb) {
-    CFile file;
-    CFileException error;
-    if (!file.Open(name, kOpenToRead, &error)) {
-        return error.m_cause;
-    }
-    return LoadImg_Proc(&file, fb);
+    return kv::LoadNamed(name, [&](CFile& file) { return LoadImg_Proc(&file, fb); });
 }
 
 int CKVTargaImage::LoadImg(CFile* file, CKVFrameBuffer* fb) {
@@ -90,18 +78,7 @@ int CKVTargaImage::LoadImg(CFile* file, CKVFrameBuffer* fb) {
 }
 
 int CKVTargaImage::SaveImage(const char* name, const CKVFrameBuffer* fb, LONG mode) {
-    CFile file;
-    CFileException error;
-    if (!file.Open(name, kOpenToWrite, &error)) {
-        return error.m_cause;
-    }
-    const int result = SaveImage_Proc(&file, fb, mode);
-    try {
-        file.Close();  // some file systems report a full disk only now
-    } catch (const CException&) {
-        return -1;
-    }
-    return result;
+    return kv::SaveNamed(name, [&](CFile& file) { return SaveImage_Proc(&file, fb, mode); });
 }
 
 int CKVTargaImage::SaveImage(CFile* file, const CKVFrameBuffer* fb, LONG mode) {
@@ -122,16 +99,9 @@ int CKVTargaImage::LoadImg_Proc(CFile* file, CKVFrameBuffer* fb) {
         if (!IsReadable(header) || !SkipIdentification(*file, header.IdLength)) {
             return -1;
         }
-        const std::uint64_t size = DataBytes(*file, header);
-        if (size > std::numeric_limits<DWORD>::max()) {
-            return -1;
-        }
-        const kv::ByteBuffer data = kv::AllocateBytes(size);
-        if (data == nullptr) {
-            return -1;
-        }
-        const DWORD received = kv::ReadChunks(*file, data.get(), static_cast<DWORD>(size));
-        return ImgConv_TgaToFb(data.get(), received, &header, fb);
+        const kv::FileData data = kv::ReadRest(*file, MostDataBytes(header), kReadChunk);
+        return data.bytes == nullptr ? -1
+                                     : ImgConv_TgaToFb(data.bytes.get(), data.size, &header, fb);
     } catch (const CFileException&) {
         return -1;
     }

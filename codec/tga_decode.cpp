@@ -8,16 +8,14 @@
 #include "base/bytes.h"
 #include "base/checked.h"
 #include "codec/tga_format.h"
+#include "codec/transfer.h"
 
 namespace {
 
 // A pixel whose key alone is set, to be or-ed over three colour bytes.
 constexpr auto kSolidKey = std::bit_cast<DWORD>(std::array<BYTE, 4>{0, 0, 0, 255});
 
-// A header may claim any size. A picture up to this many pixels is made whatever its data; a larger
-// one only if the data could hold it: a packet of four bytes, control byte and pixel, yields at
-// most 128 pixels.
-constexpr std::uint64_t kAlwaysMade = std::uint64_t{1} << 24;
+// A packet of four bytes, control byte and pixel, yields at most 128 pixels.
 constexpr std::uint64_t kMostPixelsPerByte = 32;
 
 // The rows of a picture in file order, and the place of the next pixel.
@@ -156,8 +154,7 @@ int DecodeRunLength(const BYTE* src, DWORD size, BYTE* dst, DWORD width, DWORD h
 int CKVTargaImage::ImgConv_TgaToFb(const BYTE* src, DWORD size, const tagTGA_HEADER* hdr,
                                    CKVFrameBuffer* fb) {
     const std::uint64_t pixels = kv::SaturatedProduct({hdr->Width, hdr->Height});
-    if (!kv::tga::IsTrueColour(hdr->ImageType) ||
-        (pixels > kAlwaysMade && pixels > size * kMostPixelsPerByte) ||
+    if (!kv::tga::IsTrueColour(hdr->ImageType) || !kv::MayHold(size, pixels, kMostPixelsPerByte) ||
         fb->CreateFrameBuffer(hdr->Width, hdr->Height, 1) != 0) {
         return -1;
     }

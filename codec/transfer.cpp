@@ -1,14 +1,25 @@
 #include "codec/transfer.h"
 
 #include <algorithm>
+#include <limits>
 
 #include <platform/sync.h>
 
 namespace kv {
 namespace {
 
-constexpr DWORD kReadChunk = 4096;
+constexpr UINT kOpenToRead = CFile::typeBinary | CFile::shareDenyWrite | CFile::modeRead;
+constexpr UINT kOpenToWrite =
+    CFile::typeBinary | CFile::modeCreate | CFile::shareExclusive | CFile::modeWrite;
+
 constexpr DWORD kWriteChunk = 16384;
+constexpr std::uint64_t kAlwaysMade = std::uint64_t{1} << 24;
+
+std::uint64_t BytesBehind(const CFile& file) {
+    const std::uint64_t length = file.GetLength();
+    const std::uint64_t position = file.GetPosition();
+    return position < length ? length - position : 0;
+}
 
 }  // namespace
 
@@ -16,15 +27,21 @@ ByteBuffer AllocateBytes(std::size_t size) {
     return ByteBuffer(static_cast<BYTE*>(std::malloc(std::max<std::size_t>(size, 1))));
 }
 
-DWORD ReadChunks(CFile& file, BYTE* bytes, DWORD size) {
-    DWORD received = 0;
-    for (DWORD asked = 0; asked < size;) {
-        const DWORD chunk = std::min(size - asked, kReadChunk);
-        received += std::min(file.Read(bytes + received, chunk), chunk);
-        asked += chunk;
+FileData ReadRest(CFile& file, std::uint64_t most, DWORD chunk) {
+    const std::uint64_t size = std::min(BytesBehind(file), most);
+    if (size > std::numeric_limits<DWORD>::max()) {
+        return {};
+    }
+    FileData data{AllocateBytes(size), 0};
+    if (data.bytes == nullptr) {
+        return {};
+    }
+    for (std::uint64_t asked = 0; asked < size; asked += chunk) {
+        const auto part = static_cast<UINT>(std::min<std::uint64_t>(size - asked, chunk));
+        data.size += std::min(file.Read(data.bytes.get() + data.size, part), part);
         Sleep(0);
     }
-    return received;
+    return data;
 }
 
 void WriteChunks(CFile& file, const BYTE* bytes, DWORD size) {
@@ -34,6 +51,34 @@ void WriteChunks(CFile& file, const BYTE* bytes, DWORD size) {
         done += chunk;
         Sleep(0);
     }
+}
+
+int LoadNamed(const char* name, const std::function<int(CFile&)>& load) {
+    CFile file;
+    CFileException error;
+    if (!file.Open(name, kOpenToRead, &error)) {
+        return error.m_cause;
+    }
+    return load(file);
+}
+
+int SaveNamed(const char* name, const std::function<int(CFile&)>& save) {
+    CFile file;
+    CFileException error;
+    if (!file.Open(name, kOpenToWrite, &error)) {
+        return error.m_cause;
+    }
+    const int result = save(file);
+    try {
+        file.Close();  // some file systems report a full disk only now
+    } catch (const CException&) {
+        return -1;
+    }
+    return result;
+}
+
+bool MayHold(std::uint64_t size, std::uint64_t pixels, std::uint64_t mostPixelsPerByte) {
+    return pixels <= kAlwaysMade || pixels <= size * mostPixelsPerByte;
 }
 
 }  // namespace kv

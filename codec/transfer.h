@@ -1,7 +1,9 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <cstdlib>
+#include <functional>
 #include <memory>
 
 #include <platform/file.h>
@@ -18,10 +20,26 @@ struct FreeBytes {
 using ByteBuffer = std::unique_ptr<BYTE[], FreeBytes>;
 ByteBuffer AllocateBytes(std::size_t size);
 
-/// Reads size bytes and gives the number that came. A chunk that comes short does not end the
-/// reading; the next one joins on.
-DWORD ReadChunks(CFile& file, BYTE* bytes, DWORD size);
+/// What came of a file. bytes is null when there is no memory for what was asked, or when that is
+/// more than 32 bits count.
+struct FileData {
+    ByteBuffer bytes;
+    DWORD size = 0;
+};
+
+/// Reads what lies behind the file's position, up to most bytes, in chunks of that size. A chunk
+/// that comes short does not end the reading; the next one joins on.
+FileData ReadRest(CFile& file, std::uint64_t most, DWORD chunk);
 
 void WriteChunks(CFile& file, const BYTE* bytes, DWORD size);
+
+/// Opens the file for reading, or makes it for writing, and gives the codec's answer; the positive
+/// cause code when it cannot be opened. What is written counts as failed, -1, when closing fails.
+int LoadNamed(const char* name, const std::function<int(CFile&)>& load);
+int SaveNamed(const char* name, const std::function<int(CFile&)>& save);
+
+/// Whether to make a picture of so many pixels, which a file merely claims, for so many bytes of
+/// data: always up to 2^24 pixels, beyond that only if the densest packing could hold it.
+bool MayHold(std::uint64_t size, std::uint64_t pixels, std::uint64_t mostPixelsPerByte);
 
 }  // namespace kv

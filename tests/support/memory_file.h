@@ -28,9 +28,9 @@ class MemoryFile : public CFile {
         std::memcpy(m_Bytes.data() + m_At, bytes, count);
         m_At += count;
     }
-    std::uint64_t Seek(std::int64_t offset, UINT) override {
+    std::uint64_t Seek(std::int64_t offset, UINT from) override {
         MayThrow();
-        return m_At = static_cast<std::uint64_t>(offset);
+        return m_At = (from == current ? m_At : 0) + static_cast<std::uint64_t>(offset);
     }
     std::uint64_t GetLength() const override {
         MayThrow();
