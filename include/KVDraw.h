@@ -13,5 +13,6 @@
 #include <CKVFrameBuffer.h>
 #include <CKVGrayBitmap.h>
 #include <CKVMonoBitmap.h>
+#include <CKVPictImage.h>
 #include <CKVTargaImage.h>
 #include <KVUtf8.h>

@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <filesystem>
 
 #include "tests/codec/tga_support.h"
 
@@ -170,20 +169,6 @@ TEST(TgaRead, ExceptionsOfTheFileBecomeAFailure) {
         ASSERT_LT(call, 20);
     }
     EXPECT_GT(call, 6);  // seek, header, identification, length, position, data
-}
-
-TEST(TgaRead, NamesThatCannotBeOpenedGiveTheirCause) {
-    CKVFrameBuffer fb;
-    const std::string folder = testing::TempDir();
-    EXPECT_EQ(CKVTargaImage().LoadImg((folder + "no_such.tga").c_str(), &fb),
-              CFileException::fileNotFound);
-    EXPECT_EQ(CKVTargaImage().LoadImg(folder.c_str(), &fb), CFileException::accessDenied);
-    EXPECT_EQ(CKVTargaImage().SaveImage(folder.c_str(), &fb, 0), CFileException::accessDenied);
-
-    const std::string path = folder + "kvdraw_empty.tga";
-    EXPECT_EQ(CKVTargaImage().SaveImage(path.c_str(), &fb, 0), -1);
-    EXPECT_EQ(std::filesystem::file_size(path), 0U) << "made before the frame buffer is looked at";
-    std::filesystem::remove(path);
 }
 
 }  // namespace

@@ -1,17 +1,16 @@
 #pragma once
 
 #include <initializer_list>
-#include <random>
-#include <vector>
 
 #include <CKVTargaImage.h>
-#include <gtest/gtest.h>
 
-#include "tests/support/memory_file.h"
+#include "tests/codec/picture_support.h"
 
 namespace tga {
 
-using Bytes = std::vector<BYTE>;
+using pictures::Bytes;
+using pictures::FillInStretches;
+using pictures::Pixels;
 
 constexpr unsigned int kTop = 0x20;
 
@@ -29,40 +28,11 @@ inline Bytes File(unsigned int type, unsigned int width, unsigned int height, un
 }
 
 inline int Load(const Bytes& bytes, CKVFrameBuffer& fb, LONG* keyFlag = nullptr) {
-    MemoryFile file(bytes);
-    CKVTargaImage codec;
-    const int result = codec.LoadImg(&file, &fb);
-    if (keyFlag != nullptr) {
-        *keyFlag = codec.GetKeyFlag();
-    }
-    return result;
-}
-
-inline std::vector<DWORD> Pixels(const CKVFrameBuffer& fb) {
-    const DWORD* first = fb.GetBufferDWord();
-    return first == nullptr ? std::vector<DWORD>()
-                            : std::vector<DWORD>(first, first + fb.m_Size / 4);
+    return pictures::Load<CKVTargaImage>(bytes, fb, keyFlag);
 }
 
 inline Bytes Saved(const CKVFrameBuffer& fb, LONG mode) {
-    MemoryFile file;
-    EXPECT_EQ(CKVTargaImage().SaveImage(&file, &fb, mode), 0);
-    return file.m_Bytes;
-}
-
-/// Pixels in stretches of equal ones, of all lengths up to longest, so that both kinds of packet
-/// come up and rows end within either.
-inline void FillInStretches(CKVFrameBuffer& fb, unsigned int seed, DWORD longest) {
-    std::mt19937 random(seed);
-    DWORD* pixels = fb.GetBufferDWord();
-    for (DWORD i = 0, left = 0; i < fb.m_Size / 4; ++i, --left) {
-        if (left == 0) {
-            left = static_cast<DWORD>(random() % longest + 1);
-            pixels[i] = static_cast<DWORD>(random() % 8 * 0x1B0D0703);
-        } else {
-            pixels[i] = pixels[i - 1];
-        }
-    }
+    return pictures::Saved<CKVTargaImage>(fb, mode);
 }
 
 }  // namespace tga

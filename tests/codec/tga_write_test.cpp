@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <filesystem>
 
 #include "tests/codec/tga_support.h"
 
@@ -95,17 +94,6 @@ TEST(TgaWrite, FailedWritesGiveAFailureAndASeekThrows) {
     MemoryFile file;
     file.m_CallsUntilThrow = 0;
     EXPECT_THROW(CKVTargaImage().SaveImage(&file, &fb, 0), CFileException);
-}
-
-TEST(TgaWrite, ByFileNameReplacesWhatWasThere) {
-    const std::string path = testing::TempDir() + "kvdraw_save.tga";
-    CKVFrameBuffer fb(20, 20, 1);
-    tga::FillInStretches(fb, 3, 4);
-    ASSERT_EQ(CKVTargaImage().SaveImage(path.c_str(), &fb, 0), 0);
-    ASSERT_EQ(CKVTargaImage().SaveImage(path.c_str(), &fb, 1), 0);
-    EXPECT_EQ(std::filesystem::file_size(path), Saved(fb, 1).size());
-    EXPECT_EQ(CKVTargaImage().SaveImage("/dev/full", &fb, 0), -1);
-    std::filesystem::remove(path);
 }
 
 }  // namespace

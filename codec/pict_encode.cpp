@@ -1,0 +1,153 @@
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <new>
+#include <span>
+#include <vector>
+
+#include <CKVPictImage.h>
+
+#include "codec/pict_format.h"
+#include "codec/pict_packets.h"
+#include "codec/transfer.h"
+
+namespace {
+
+using kv::pict::Packet;
+
+// Literal bytes are copied in whole blocks; so much is spare behind both rows.
+constexpr std::size_t kSpareBytes = 128;
+constexpr std::size_t kMostLiterals = 127;
+
+constexpr std::size_t kCountMost = 0xFF;
+constexpr std::size_t kWideCountMost = 0xFFFF;
+
+// What a row takes in literal packets alone.
+constexpr std::uint64_t LiteralBytes(DWORD width) {
+    const std::uint64_t bytes = std::uint64_t{width} * 4;
+    return bytes + (bytes + kMostLiterals - 1) / kMostLiterals;
+}
+
+// Packs rows of one width.
+class RowPacker {
+  public:
+    explicit RowPacker(DWORD width)
+        : m_Width(width),
+          m_RowBytes(std::size_t{width} * 4),
+          m_Planes(m_RowBytes + kSpareBytes),
+          m_Packed(m_RowBytes * 2 + kSpareBytes),
+          m_Packets(m_RowBytes) {}
+
+    // The packets of a row, until the next one is packed.
+    std::span<const BYTE> Pack(const BYTE* pixels) {
+        Split(pixels);
+        PackByRepeats();
+        if (m_Length > (kv::pict::HasWideCount(m_Width) ? kWideCountMost : kCountMost)) {
+            PackAsLiterals();
+        }
+        return std::span(m_Packed).first(m_Length);
+    }
+
+  private:
+    // Into the four planes key, red, green and blue.
+    void Split(const BYTE* pixels) {
+        BYTE* const key = m_Planes.data();
+        BYTE* const red = key + m_Width;
+        BYTE* const green = red + m_Width;
+        BYTE* const blue = green + m_Width;
+        for (std::size_t x = 0; x < m_Width; ++x) {
+            blue[x] = pixels[x * 4];
+            green[x] = pixels[x * 4 + 1];
+            red[x] = pixels[x * 4 + 2];
+            key[x] = pixels[x * 4 + 3];
+        }
+    }
+
+    void PackByRepeats() {
+        m_Length = 0;
+        m_Packets.SetRow(m_Planes.data(), m_RowBytes);
+        for (std::size_t at = 0; at < m_RowBytes;) {
+            const Packet packet = m_Packets.At(at);
+            if (packet.isRun) {
+                PutRun(m_Planes[at], packet.count);
+            } else {
+                PutLiterals(m_Planes.data() + at, packet.count);
+            }
+            at += packet.count;
+        }
+    }
+
+    void PackAsLiterals() {
+        m_Length = 0;
+        for (std::size_t at = 0; at < m_RowBytes; at += kMostLiterals) {
+            PutLiterals(m_Planes.data() + at, std::min(m_RowBytes - at, kMostLiterals));
+        }
+    }
+
+    void PutRun(BYTE value, std::size_t count) {
+        m_Packed[m_Length] = static_cast<BYTE>(1 - count);
+        m_Packed[m_Length + 1] = value;
+        m_Length += 2;
+    }
+
+    void PutLiterals(const BYTE* bytes, std::size_t count) {
+        BYTE* const to = m_Packed.data() + m_Length;
+        to[0] = static_cast<BYTE>(count - 1);
+        std::memcpy(to + 1, bytes, count);
+        m_Length += 1 + count;
+    }
+
+    std::size_t m_Width;
+    std::size_t m_RowBytes;
+    std::vector<BYTE> m_Planes;  // and zeros, the first of which a row's last byte is compared with
+    std::vector<BYTE> m_Packed;
+    std::size_t m_Length = 0;
+    kv::pict::RowPackets m_Packets;
+};
+
+// Writes the count of a row's packets; the place behind it.
+BYTE* PutCount(BYTE* dst, std::size_t count, bool isWide) {
+    if (isWide) {
+        *dst++ = static_cast<BYTE>(count >> 8);
+    }
+    *dst++ = static_cast<BYTE>(count & 0xFF);
+    return dst;
+}
+
+}  // namespace
+
+int CKVPictImage::ImgConv_FbToPict(BYTE* dst, DWORD* len, const tagFMT_PICT_PIXMAP*,
+                                   const CKVFrameBuffer* fb, DWORD) {
+    return ImgConv_Comp32A(fb->m_BufferByte, dst, fb->GetWidth(), fb->GetHeight(), len);
+}
+
+int CKVPictImage::ImgConv_Comp32A(const BYTE* src, BYTE* dst, DWORD width, DWORD height,
+                                  DWORD* len) try {
+    if (LiteralBytes(width) > kWideCountMost) {
+        return -1;
+    }
+    RowPacker packer(width);
+    BYTE* end = dst;
+    for (DWORD row = 0; row < height; ++row) {
+        const auto packed = packer.Pack(src + std::size_t{row} * width * 4);
+        end = PutCount(end, packed.size(), kv::pict::HasWideCount(width));
+        end = std::ranges::copy(packed, end).out;
+    }
+    *len += static_cast<DWORD>(end - dst);
+    if (*len % 2 != 0) {
+        *end = 0;
+        ++*len;
+    }
+    return 0;
+} catch (const std::bad_alloc&) {
+    return -1;
+}
+
+int CKVPictImage::PictCheckComp(const BYTE* bytes, LONG remaining, LONG* isRun) {
+    const auto size = static_cast<std::size_t>(std::max(remaining, LONG{1}));
+    kv::pict::RowPackets packets(size);
+    packets.SetRow(bytes, size);
+    const Packet packet = packets.At(0);
+    *isRun = packet.isRun ? 1 : 0;
+    return static_cast<int>(packet.count);
+}

@@ -1,0 +1,241 @@
+#include <algorithm>
+#include <utility>
+
+#include "tests/codec/pict_support.h"
+
+namespace {
+
+using pict::Bytes;
+using pict::Joined;
+using pict::Pixels;
+using pict::Words;
+
+constexpr std::size_t kRowsAt = 622;
+
+Bytes Saved(const CKVFrameBuffer& fb, LONG mode = 0) {
+    return pictures::Saved<CKVPictImage>(fb, mode);
+}
+
+TEST(PictWrite, FileToTheByte) {
+    CKVFrameBuffer fb(1, 1, 1);
+    *fb.GetBufferDWord() = 0x44332211;
+    const Bytes resolution = Words({72, 0, 72, 0});
+    const Bytes rect = Words({0, 0, 1, 1});
+    Bytes file = Joined(Bytes(512, 0), Words({630}));
+    for (const Bytes& part :
+         {rect, Words({0x0011, 0x02FF, 0x0C00, 0xFFFE, 0}), resolution, rect,
+          Words({0, 0, 0x009A, 0, 0x00FF, 0x8004}), rect, Words({0, 4, 0, 0}), resolution,
+          Words({16, 32, 4, 8, 0, 0, 0, 0, 0, 0}), rect, rect, Words({0x0040}),
+          Bytes{5, 3, 0x44, 0x33, 0x22, 0x11}, Words({0x00FF})}) {
+        file = Joined(file, part);
+    }
+    EXPECT_EQ(Saved(fb), file);
+    EXPECT_EQ(Saved(fb, 1), file);
+
+    // Sizes that fill their fields, a file length of more than 16 bits.
+    const Bytes wide = Saved(CKVFrameBuffer(8191, 300, 1));
+    EXPECT_EQ(pictures::Cut(wide, 512, 522),
+              Words({static_cast<unsigned int>(wide.size() % 65536), 0, 0, 300, 8191}));
+    EXPECT_EQ(pictures::Cut(wide, 558, 560), Words({0xFFFC}));
+}
+
+// The decision as it is defined, which looks ahead through the row for each packet.
+int PlainCheck(const BYTE* p, LONG remaining, LONG* isRun) {
+    *isRun = p[0] == p[1] ? 1 : 0;
+    int count = 1;
+    for (LONG i = 1; i < remaining; ++i, ++count) {
+        if (i >= 127) {
+            return count;
+        }
+        if ((p[i] == p[i + 1]) == (*isRun == 1)) {
+            continue;
+        }
+        if (*isRun == 1 || remaining <= 2) {
+            return count + 1;
+        }
+        int extra = 0;
+        int same = 0;
+        for (LONG j = 0; j < remaining; ++j) {
+            if (extra + count >= 127) {
+                return count;
+            }
+            if (p[j] == p[j + 1]) {
+                ++same;
+            } else {
+                extra += same;
+                same = 0;
+            }
+            if (same > 3) {
+                return count + extra;
+            }
+        }
+        return count;
+    }
+    return count;
+}
+
+// A row in packets, by the plain decision; the byte behind the row counts as 0.
+Bytes PlainPackets(Bytes row) {
+    const std::size_t size = row.size();
+    row.push_back(0);
+    Bytes packets;
+    for (std::size_t at = 0; at < size;) {
+        LONG isRun = 0;
+        const int count = PlainCheck(&row[at], static_cast<LONG>(size - at), &isRun);
+        packets.push_back(static_cast<BYTE>(isRun == 1 ? 1 - count : count - 1));
+        const std::size_t stored = isRun == 1 ? 1 : static_cast<std::size_t>(count);
+        packets = Joined(packets, pictures::Cut(row, at, at + stored));
+        at += static_cast<std::size_t>(count);
+    }
+    return packets;
+}
+
+Bytes Letters(const std::string& letters) {
+    return {letters.begin(), letters.end()};
+}
+
+TEST(PictWrite, PacketsOfKnownRows) {
+    const std::pair<std::string, Bytes> cases[] = {
+        {"abccdeeeeeef", {2, 'a', 'b', 'c', 1, 'c', 'd', 0xFB, 'e', 0, 'f'}},
+        {"abccdddeeeeeef", {4, 'a', 'b', 'c', 'c', 'd', 0xFF, 'd', 0xFB, 'e', 0, 'f'}},
+        {"aabbcc", {0xFF, 'a', 0xFF, 'b', 0xFF, 'c'}},
+        {"aaaaab", {0xFC, 'a', 0, 'b'}},
+        {"ab", {1, 'a', 'b'}},
+        {std::string(300, 'a'), {0x82, 'a', 0x82, 'a', 0xD3, 'a'}},
+        {std::string("aa\0", 3), {0xFF, 'a', 0, 0}},
+        {std::string("a\0", 2), {1, 'a', 0}},
+    };
+    for (const auto& [letters, packets] : cases) {
+        EXPECT_EQ(PlainPackets(Letters(letters)), packets) << letters;
+        const Bytes row = Joined(Letters(letters), {0});
+        LONG plainRun = 0;
+        LONG run = 0;
+        const auto size = static_cast<LONG>(letters.size());
+        EXPECT_EQ(CKVPictImage().PictCheckComp(row.data(), size, &run),
+                  PlainCheck(row.data(), size, &plainRun));
+        EXPECT_EQ(run, plainRun);
+    }
+}
+
+// The packed rows of a picture. A row that its count cannot tell is all literals.
+Bytes PlainRows(const CKVFrameBuffer& fb) {
+    Bytes rows;
+    const auto width = static_cast<std::size_t>(fb.m_Width);
+    for (std::size_t y = 0; y < fb.GetHeight(); ++y) {
+        Bytes row;
+        for (const std::size_t channel : {3, 2, 1, 0}) {
+            for (std::size_t x = 0; x < width; ++x) {
+                row.push_back(fb.m_BufferByte[(y * width + x) * 4 + channel]);
+            }
+        }
+        Bytes packets = PlainPackets(row);
+        if (width < 63 && packets.size() > 255) {
+            packets = Joined(
+                Joined({126}, pictures::Cut(row, 0, 127)),
+                Joined({static_cast<BYTE>(row.size() - 128)}, pictures::Cut(row, 127, row.size())));
+        }
+        const Bytes count = Words({static_cast<unsigned int>(packets.size())});
+        rows = Joined(Joined(rows, pictures::Cut(count, width < 63 ? 1 : 0, 2)), packets);
+    }
+    if (rows.size() % 2 != 0) {
+        rows.push_back(0);
+    }
+    return rows;
+}
+
+// Bytes of few values, or stretches of them of up to longest, or noise.
+void FillBytes(CKVFrameBuffer& fb, std::mt19937& random, unsigned int values,
+               unsigned int longest) {
+    for (DWORD i = 0; i < fb.m_Size;) {
+        const auto byte = static_cast<BYTE>(random() % values);
+        const DWORD end = std::min(fb.m_Size, i + 1 + static_cast<DWORD>(random() % longest));
+        std::fill(fb.m_BufferByte + i, fb.m_BufferByte + end, byte);
+        i = end;
+    }
+}
+
+TEST(PictWrite, RowsAgreeWithPlainPackingAndReadBack) {
+    std::mt19937 random(5);
+    std::vector<LONG> widths{127, 128, 129, 255, 700, 4000};
+    for (LONG width = 1; width <= 67; ++width) {
+        widths.push_back(width);
+    }
+    const std::pair<unsigned int, unsigned int> fillings[] = {
+        {256, 1}, {2, 1}, {3, 1}, {20, 1}, {200, 3}, {2, 300}, {1, 1}, {256, 40}};
+    for (const LONG width : widths) {
+        for (const auto& [values, longest] : fillings) {
+            CKVFrameBuffer fb(width, 3, 1);
+            FillBytes(fb, random, values, longest);
+            // By planes too: in the bytes of one channel the stretches are whole.
+            for (DWORD i = 0; longest > 1 && i < fb.m_Size; ++i) {
+                fb.m_BufferByte[i] = fb.m_BufferByte[i / 4];
+            }
+            const Bytes file = Saved(fb);
+            ASSERT_EQ(pictures::Cut(file, kRowsAt, file.size() - 2), PlainRows(fb))
+                << width << ": " << values << " values, " << longest;
+            CKVFrameBuffer back;
+            LONG keyFlag = 0;
+            ASSERT_EQ(pict::Load(file, back, &keyFlag), 0);
+            EXPECT_EQ(Pixels(back), Pixels(fb));
+            EXPECT_EQ(keyFlag, 1);
+        }
+    }
+}
+
+// Rows of a, b b, c, d d, ... pack worst, to four bytes for three.
+TEST(PictWrite, RowsThatTheirCountCannotTellAreLiterals) {
+    for (const LONG width : {47, 48, 62, 63, 8191}) {
+        CKVFrameBuffer fb(width, 1, 1);
+        const auto bytes = static_cast<std::size_t>(width) * 4;
+        for (std::size_t i = 0; i < bytes; ++i) {
+            const auto pixel = i % static_cast<std::size_t>(width);
+            fb.m_BufferByte[pixel * 4 + 3 - i / static_cast<std::size_t>(width)] =
+                static_cast<BYTE>(i - (i % 3 == 2 ? 1 : 0));
+        }
+        const Bytes file = Saved(fb);
+        const Bytes rows = PlainRows(fb);
+        EXPECT_EQ(pictures::Cut(file, kRowsAt, file.size() - 2), rows);
+        const bool isLiteral = width == 48 || width == 62;
+        EXPECT_EQ(rows.size() > bytes * 5 / 4, !isLiteral) << width;
+        CKVFrameBuffer back;
+        EXPECT_EQ(pict::Load(file, back), 0);
+        EXPECT_EQ(Pixels(back), Pixels(fb));
+    }
+}
+
+TEST(PictWrite, WritesNothingForWhatAFileCannotHold) {
+    const CKVFrameBuffer wide(8192, 1, 1);
+    const CKVFrameBuffer high(1, 65536, 1);
+    const CKVFrameBuffer empty;
+    for (const CKVFrameBuffer* fb :
+         {&wide, &high, &empty, static_cast<const CKVFrameBuffer*>(nullptr)}) {
+        MemoryFile file;
+        EXPECT_EQ(CKVPictImage().SaveImage(&file, fb, 1), -1);
+        EXPECT_TRUE(file.m_Bytes.empty());
+    }
+    DWORD length = 7;
+    EXPECT_EQ(CKVPictImage().ImgConv_Comp32A(wide.m_BufferByte, nullptr, 16256, 1, &length), -1);
+    EXPECT_EQ(length, 7U);
+    const CKVFrameBuffer highest(1, 65535, 1);
+    CKVFrameBuffer back;
+    EXPECT_EQ(pict::Load(Saved(highest), back), 0);
+    EXPECT_EQ(back.m_Height, 65535);
+}
+
+TEST(PictWrite, FailedWritesGiveAFailureAndASeekThrows) {
+    CKVFrameBuffer fb(100, 100, 1);
+    pictures::FillInStretches(fb, 1, 2);
+    int call = 1;
+    for (int result = -1; result != 0; ++call) {
+        MemoryFile file;
+        file.m_CallsUntilThrow = call;
+        result = CKVPictImage().SaveImage(&file, &fb, 0);
+        ASSERT_LT(call, 20);
+    }
+    EXPECT_GT(call, 7);  // seek, four parts of the head, rows, end
+    MemoryFile file;
+    file.m_CallsUntilThrow = 0;
+    EXPECT_THROW(CKVPictImage().SaveImage(&file, &fb, 0), CFileException);
+}
+
+}  // namespace
