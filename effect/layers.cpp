@@ -8,16 +8,8 @@
 namespace kv {
 namespace {
 
-// The one place that knows the paints. Another mode paints nothing.
 int PaintLayer(CKVBwDraw& draw, const tagMAPINFO& paint, Layer& layer) {
-    switch (paint.Mode) {
-        case 0:
-            return draw.MakeFb_Color(&layer.coverage, &layer.picture, paint.Col);
-        case 1:
-            return draw.MakeFb_Grad(&layer.coverage, &layer.picture, paint.Grad);
-        default:
-            return -1;
-    }
+    return draw.GrayToFb(&layer.coverage, &layer.picture, &paint);
 }
 
 // No use in growing a coverage whose picture could not be made.

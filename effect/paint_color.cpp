@@ -1,7 +1,7 @@
 #include <CKVBwDraw.h>
 #include <CKVFrameBuffer.h>
-#include <CKVGrayBitmap.h>
 
+#include "effect/paint.h"
 #include "effect/vector.h"
 
 namespace {
@@ -59,10 +59,9 @@ int CKVBwDraw::MakeFb_Color(const CKVGrayBitmap* pGray, CKVFrameBuffer* pFb, con
         return -1;
     }
     const DWORD colour = *pCol;
-    pFb->DeleteFrameBuffer();
-    const int created = pFb->CreateFrameBuffer(pGray->Width, pGray->Height, 0);
-    if (created != 0) {
-        return created == 4 ? 0 : -1;  // an empty coverage makes an empty layer
+    const int made = kv::MakeLayerSurface(*pGray, *pFb);
+    if (made != 0) {
+        return made;
     }
     auto* const paint = kv::ForLevel(PaintPlain, PaintAvx2);
     const auto width = static_cast<std::size_t>(pGray->Width);

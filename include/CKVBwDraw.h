@@ -68,6 +68,17 @@ class KVDRAW_API CKVBwDraw {
     /// gives -1.
     int MakeFb_Grad(const CKVGrayBitmap* pGray, CKVFrameBuffer* pFb, const tagGRADINFO* pGrad);
 
+    /// The same with a picture from a file, which is read anew at each call: by Mode once in the
+    /// middle with solid black around it (0), repeated from the top left corner (1), or scaled to
+    /// the layer (2); another Mode leaves the layer 0. The picture's own key shapes the layer, too.
+    /// A file that cannot be read shows as solid black and is no failure. Results as MakeFb_Color;
+    /// pText null gives -1.
+    int MakeFb_Text(const CKVGrayBitmap* pGray, CKVFrameBuffer* pFb, const tagTEXTUREINFO* pText);
+
+    /// Paints by pMap->Mode through one of the three above and gives its result; -1 with nothing
+    /// changed for another Mode or a null pMap.
+    int GrayToFb(const CKVGrayBitmap* pGray, CKVFrameBuffer* pFb, const tagMAPINFO* pMap);
+
     /// Writes a bare ramp to Width * Height pixels, row after row without padding: Col2 where the
     /// distance is 0, toward Col1 with growing distance, each byte by itself modulo 256 (a distance
     /// beyond the ramp's length wraps). Patern 1 to 10 is the type; with (x, y) inside the layer it

@@ -4,8 +4,8 @@
 
 /// The texture properties of a drawing object, which keeps the three file names in strings of its
 /// own (m_BodyFile, m_EdgeFile, m_ShadFile): the record's File pointers own nothing and point at
-/// the characters of those strings. A null name is taken as an empty one. This version does not
-/// paint textures: a body with one is not drawn, an edge or shadow with one is left out.
+/// the characters of those strings. A null name is taken as an empty one. The file is read at
+/// each drawing; one that cannot be read shows as solid black.
 ///
 /// Holder derives from this class, has the three strings as members and gives
 /// `tagKVBWDRAWINFO& EffectRecord()` and its const form. It must call ConnectAll after any copy of
@@ -13,7 +13,8 @@
 template <class Holder>
 class KVTextureAccess {
   public:
-    /// Sets the texture of the body (0 once, 1 tiled, 2 scaled) and selects it as paint.
+    /// Sets the texture of the body (0 once in the middle, 1 tiled, 2 scaled) and selects it as
+    /// paint.
     void SetBodyText(LONG mode, const char* file) {
         SetText(Record().BodyText, Self().m_BodyFile, mode, file);
         Record().BodyMode = 2;
@@ -24,7 +25,8 @@ class KVTextureAccess {
     }
     const char* GetBodyText_File() const { return Self().m_BodyFile; }
 
-    /// Sets the texture of the edge (0 once, 1 tiled, 2 scaled) and selects it as paint.
+    /// Sets the texture of the edge (0 once in the middle, 1 tiled, 2 scaled) and selects it as
+    /// paint.
     void SetEdgeText(LONG mode, const char* file) {
         SetText(Record().EdgeText, Self().m_EdgeFile, mode, file);
         Record().EdgeMode = 2;
@@ -35,7 +37,8 @@ class KVTextureAccess {
     }
     const char* GetEdgeText_File() const { return Self().m_EdgeFile; }
 
-    /// Sets the texture of the shadow (0 once, 1 tiled, 2 scaled) and selects it as paint.
+    /// Sets the texture of the shadow (0 once in the middle, 1 tiled, 2 scaled) and selects it as
+    /// paint.
     void SetShadText(LONG mode, const char* file) {
         SetText(Record().ShadText, Self().m_ShadFile, mode, file);
         Record().ShadMode = 2;
