@@ -1,4 +1,5 @@
 #include <CImgFile.h>
+#include <CKVPictImage.h>
 #include <CKVTargaImage.h>
 #include <platform/exception.h>
 
@@ -119,12 +120,11 @@ std::int64_t CImgFile::TgaImageLoad(const char* name, CKVFrameBuffer* fb, LONG* 
     return LoadBy<CKVTargaImage>(name, fb, keyFlag);
 }
 
-// These two formats are not read or written yet.
-std::int64_t CImgFile::PictImageLoad(const char* /*name*/, CKVFrameBuffer* /*fb*/,
-                                     LONG* /*keyFlag*/) {
-    return -1;
+std::int64_t CImgFile::PictImageLoad(const char* name, CKVFrameBuffer* fb, LONG* keyFlag) {
+    return LoadBy<CKVPictImage>(name, fb, keyFlag);
 }
 
+// Device-independent bitmaps are not read or written yet.
 std::int64_t CImgFile::BmpImageLoad(const char* /*name*/, CKVFrameBuffer* /*fb*/,
                                     LONG* /*keyFlag*/) {
     return -1;
@@ -139,8 +139,8 @@ int CImgFile::TgaImageSave(const char* name, const CKVFrameBuffer* fb) {
     return SaveBy<CKVTargaImage>(name, fb, 1);
 }
 
-int CImgFile::PictImageSave(const char* /*name*/, const CKVFrameBuffer* /*fb*/) {
-    return -1;
+int CImgFile::PictImageSave(const char* name, const CKVFrameBuffer* fb) {
+    return SaveBy<CKVPictImage>(name, fb, 0);
 }
 
 int CImgFile::BmpImageSave(const char* /*name*/, const CKVFrameBuffer* /*fb*/) {

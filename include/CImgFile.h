@@ -8,9 +8,8 @@
 
 /// The drawing object for a still picture: a file name, a position, a copy mode and a picture of
 /// its own. It loads and saves the picture in the format that the file name's extension tells,
-/// without regard to case: ".tga", written run-length encoded; ".pct", ".bmp", ".jpg" and all
-/// others fail. Paths are bytes as given; the directory, the name and the extension may have 255
-/// bytes each.
+/// without regard to case: ".tga", written run-length encoded, and ".pct"; all others fail. Paths
+/// are bytes as given; a directory, a name and an extension may have 255 bytes each.
 ///
 /// Results are 0 done and -1 failed unless said otherwise. A failed load leaves no picture, and the
 /// key flag as it was. The object has no lock of its own: one object serves one thread at a time.

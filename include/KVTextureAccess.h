@@ -13,8 +13,7 @@
 template <class Holder>
 class KVTextureAccess {
   public:
-    /// Sets the texture of the body (0 once in the middle, 1 tiled, 2 scaled) and selects it as
-    /// paint.
+    /// Sets the texture of the body (0 centred, 1 tiled, 2 scaled) and selects it as paint.
     void SetBodyText(LONG mode, const char* file) {
         SetText(Record().BodyText, Self().m_BodyFile, mode, file);
         Record().BodyMode = 2;
@@ -25,8 +24,7 @@ class KVTextureAccess {
     }
     const char* GetBodyText_File() const { return Self().m_BodyFile; }
 
-    /// Sets the texture of the edge (0 once in the middle, 1 tiled, 2 scaled) and selects it as
-    /// paint.
+    /// Sets the texture of the edge (0 centred, 1 tiled, 2 scaled) and selects it as paint.
     void SetEdgeText(LONG mode, const char* file) {
         SetText(Record().EdgeText, Self().m_EdgeFile, mode, file);
         Record().EdgeMode = 2;
@@ -37,8 +35,7 @@ class KVTextureAccess {
     }
     const char* GetEdgeText_File() const { return Self().m_EdgeFile; }
 
-    /// Sets the texture of the shadow (0 once in the middle, 1 tiled, 2 scaled) and selects it as
-    /// paint.
+    /// Sets the texture of the shadow (0 centred, 1 tiled, 2 scaled) and selects it as paint.
     void SetShadText(LONG mode, const char* file) {
         SetText(Record().ShadText, Self().m_ShadFile, mode, file);
         Record().ShadMode = 2;

@@ -119,7 +119,7 @@ TEST(ImageObject, SavesAndLoadsByExtension) {
     CKVFrameBuffer picture;
     Fill(picture, 7, 3, 0x40000000);
     // The second name ends in a double-byte character whose second byte is a backslash.
-    for (const char* name : {"a.tga", "\x95\x5C.TgA", "b.pct.TGA"}) {
+    for (const char* name : {"a.tga", "\x95\x5C.TgA", "b.pct.TGA", "c.PCT"}) {
         const std::string path = folder / name;
         CImgFile image;
         EXPECT_EQ(image.SaveImage(&picture, path.c_str()), 0) << name;
