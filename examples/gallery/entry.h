@@ -23,7 +23,9 @@ std::span<const Entry> Captions();
 std::span<const Entry> Vertical();
 std::span<const Entry> Effects();
 std::span<const Entry> Gradients();
+std::span<const Entry> Textures();
 std::span<const Entry> Shapes();
+std::span<const Entry> Images();
 std::span<const Entry> Files();
 
 /// Makes the picture and fills it with an evening sky, opaque, for light titles.
