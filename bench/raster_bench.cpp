@@ -10,7 +10,7 @@
 
 #include "platform/gdi/bit_sink.h"
 #include "platform/gdi/path.h"
-#include "platform/gdi/turn.h"
+#include "platform/gdi/turned_sink.h"
 
 namespace {
 
@@ -75,18 +75,20 @@ void BM_LineOfGlyphsFloor(benchmark::State& state) {
     }
 }
 
-void BM_TurnLineOfGlyphs(benchmark::State& state) {
-    const auto line = BitSurface::Create(int(kGlyphs * kGlyphSize), int(kGlyphSize));
-    const auto turned = BitSurface::Create(int(kGlyphSize), int(kGlyphs * kGlyphSize));
+void BM_TurnedLineOfGlyphs(benchmark::State& state) {
+    const auto surface = BitSurface::Create(int(kGlyphSize), int(kGlyphs * kGlyphSize));
+    TurnedSink sink(*surface, surface->Width(), true);
+    ScanConverter converter;
     Contours contours;
-    PathBuilder path(contours);
-    for (int i = 0; i < kGlyphs; ++i) {
-        AddGlyph(path, i * kGlyphSize);
-    }
-    BitSink sink(*line);
-    ScanConverter().Convert(contours, FillRule::kWinding, sink.Bounds(), sink);
     for ([[maybe_unused]] auto _ : state) {
-        OrTurned(*line, turned->Width() + state.range(0), 0, *turned);
+        for (int i = 0; i < kGlyphs; ++i) {
+            contours.Clear();
+            PathBuilder path(contours);
+            AddGlyph(path, i * kGlyphSize);
+            sink.Begin(0);
+            converter.Convert(contours, FillRule::kWinding, sink.Bounds(), sink);
+            sink.End();
+        }
         benchmark::ClobberMemory();
     }
 }
@@ -167,7 +169,7 @@ void BM_StarPlain(benchmark::State& state) {
 
 BENCHMARK(BM_LineOfGlyphs)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_LineOfGlyphsFloor)->Unit(benchmark::kMillisecond);
-BENCHMARK(BM_TurnLineOfGlyphs)->Arg(0)->Arg(3)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_TurnedLineOfGlyphs)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_Star)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_StarRuns)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_StarPlain)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond)->Iterations(1);

@@ -1,6 +1,7 @@
 #include "platform/gdi/bit_surface.h"
 
 #include <algorithm>
+#include <cstring>
 #include <new>
 
 #include "platform/gdi/bit_run.h"
@@ -43,6 +44,11 @@ void BitSurface::FillRect(std::int64_t left, std::int64_t top, std::int64_t righ
     const auto end = static_cast<std::int32_t>(std::clamp<std::int64_t>(right, 0, m_Width));
     const auto last = static_cast<std::int32_t>(std::clamp<std::int64_t>(bottom, 0, m_Height));
     auto row = static_cast<std::int32_t>(std::clamp<std::int64_t>(top, 0, m_Height));
+    if (begin == 0 && end == m_Width && !value && row < last) {
+        // Whole rows lie behind each other, and their padding is clear anyhow.
+        std::memset(Row(row), 0, m_Stride * static_cast<std::size_t>(last - row));
+        return;
+    }
     for (; row < last; ++row) {
         FillRun(row, begin, end, value);
     }

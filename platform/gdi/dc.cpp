@@ -101,8 +101,9 @@ bool CDC::TextOutA(LONG x, LONG y, const char* text, int byteCount) {
     }
     const FontInstance& font = *m_Font.m_Font;
     const TextLine line = LayOutText(font, {m_CharacterExtra, m_BreakExtra}, View(text, byteCount));
-    return kv::gdi::TextPainter(font).Draw(
+    kv::gdi::TextPainter(font).Draw(
         line, {*m_Bitmap.m_Surface, x, y, m_TextColor != 0, m_BkColor != 0});
+    return true;
 }
 
 bool CDC::BitBlt(LONG x, LONG y, LONG width, LONG height, CDC* /*source*/, LONG /*sourceX*/,

@@ -91,7 +91,7 @@ class CDC {
     /// Fills the box of the string's extent with the background colour, then draws all glyphs,
     /// clipped to the bitmap. The point is the start of the cell's upper edge in the direction of
     /// writing; with an escapement of -900 the upright pixel (u, v) of the cell goes to (x - 1 - v,
-    /// y + u). False without a font, a bitmap, a valid text or memory.
+    /// y + u). False without a font, a bitmap or a valid text.
     bool TextOutA(LONG x, LONG y, const char* text, int byteCount);
     /// The one raster operation known is BLACKNESS; the source is null.
     bool BitBlt(LONG x, LONG y, LONG width, LONG height, CDC* source, LONG sourceX, LONG sourceY,

@@ -1,12 +1,12 @@
 #include "platform/gdi/text_painter.h"
 
-#include <algorithm>
 #include <cmath>
-#include <limits>
 #include <numbers>
+#include <optional>
 
+#include "base/narrow.h"
 #include "platform/gdi/bit_sink.h"
-#include "platform/gdi/turn.h"
+#include "platform/gdi/turned_sink.h"
 
 namespace kv::gdi {
 
@@ -45,36 +45,49 @@ bool Fits32(std::int64_t value) {
 
 }  // namespace
 
-bool TextPainter::Draw(const TextLine& line, const TextTarget& target) {
+void TextPainter::Draw(const TextLine& line, const TextTarget& target) {
     const int angle = Angle(m_Font);
     const Affine turn = Turn(angle, target);
     FillPaper(line, target, turn);
-    bool done = true;
+    std::optional<TurnedSink> downwards;
+    if (angle == kDownwards) {
+        downwards.emplace(target.surface, SaturateToInt32(target.x), target.ink);
+    }
     for (const PlacedGlyph& placed : line.glyphs) {
         const GlyphOutline& outline = OutlineOf(line, placed);
         if (angle == 0) {
             DrawUpright(placed, outline, target);
-        } else if (angle == kDownwards && target.ink) {
-            done = DrawDownwards(placed, outline, target) && done;
+        } else if (downwards) {
+            DrawDownwards(placed, outline, target, *downwards);
         } else {
             DrawTurned(placed, outline, target, turn);
         }
     }
-    return done;
 }
 
 void TextPainter::FillPaper(const TextLine& line, const TextTarget& target, const Affine& turn) {
     if (line.length <= 0) {
         return;
     }
-    const auto length = static_cast<double>(line.length);
-    const double height = m_Font.metrics.tmHeight;
+    const std::int64_t height = m_Font.metrics.tmHeight;
+    const int angle = Angle(m_Font);
+    if (angle == 0) {
+        target.surface.FillRect(target.x, target.y, target.x + line.length, target.y + height,
+                                target.paper);
+        return;
+    }
+    if (angle == kDownwards) {
+        target.surface.FillRect(target.x - height, target.y, target.x, target.y + line.length,
+                                target.paper);
+        return;
+    }
+    const PathPoint end{static_cast<double>(line.length), static_cast<double>(height)};
     m_Contours.Clear();
     PathBuilder path(m_Contours);
     path.MoveTo(turn({0.0, 0.0}));
-    path.LineTo(turn({length, 0.0}));
-    path.LineTo(turn({length, height}));
-    path.LineTo(turn({0.0, height}));
+    path.LineTo(turn({end.x, 0.0}));
+    path.LineTo(turn(end));
+    path.LineTo(turn({0.0, end.y}));
     path.Close();
     BitSink sink(target.surface, 0, 0, target.paper);
     m_Converter.Convert(m_Contours, FillRule::kWinding, sink.Bounds(), sink);
@@ -105,21 +118,6 @@ Affine TextPainter::GlyphToCell(const PlacedGlyph& placed, const GlyphOutline& o
             -scale, -slant * scale, middle + (outline.advance / 2.0 + lean) * scale};
 }
 
-/// Holds all ink of a glyph of the line as drawn upright.
-TextPainter::Box TextPainter::InkBox(const PlacedGlyph& placed, const GlyphOutline& outline) const {
-    constexpr std::int64_t kNone = std::numeric_limits<std::int64_t>::max();
-    Box box{kNone, kNone, -kNone, -kNone};
-    const Affine map = GlyphToCell(placed, outline);
-    for (const PathPoint& point : outline.points) {
-        const PathPoint at = map(point);
-        const auto u = static_cast<std::int64_t>(std::floor(at.x)) + placed.start;
-        const auto v = static_cast<std::int64_t>(std::floor(at.y));
-        box = {std::min(box.left, u), std::min(box.top, v), std::max(box.right, u + 1),
-               std::max(box.bottom, v + 1)};
-    }
-    return box;
-}
-
 void TextPainter::DrawUpright(const PlacedGlyph& placed, const GlyphOutline& outline,
                               const TextTarget& target) {
     const std::int64_t x = target.x + placed.start;
@@ -134,28 +132,18 @@ void TextPainter::DrawUpright(const PlacedGlyph& placed, const GlyphOutline& out
     m_Converter.Convert(m_Contours, FillRule::kWinding, sink.Bounds(), sink);
 }
 
-/// Draws the visible part upright on a surface of its own and turns that one: the same pixels as
-/// upright, which turned contours would not give where a centre lies on an outline. Turning can
-/// only set pixels.
-bool TextPainter::DrawDownwards(const PlacedGlyph& placed, const GlyphOutline& outline,
-                                const TextTarget& target) {
-    const Box ink = InkBox(placed, outline);
-    // Pixel (u, v) goes to (x - 1 - v, y + u).
-    const std::int64_t left = std::max(ink.left, -target.y);
-    const std::int64_t right = std::min(ink.right, target.surface.Height() - target.y);
-    const std::int64_t top = std::max(ink.top, target.x - target.surface.Width());
-    const std::int64_t bottom = std::min(ink.bottom, target.x);
-    if (left >= right || top >= bottom) {
-        return true;
+void TextPainter::DrawDownwards(const PlacedGlyph& placed, const GlyphOutline& outline,
+                                const TextTarget& target, TurnedSink& sink) {
+    const std::int64_t y = target.y + placed.start;
+    if (!Fits32(y)) {
+        return;
     }
-    const std::shared_ptr<BitSurface> upright = BitSurface::Create(
-        static_cast<std::int32_t>(right - left), static_cast<std::int32_t>(bottom - top));
-    if (!upright) {
-        return false;
-    }
-    DrawUpright(placed, outline, {*upright, -left, -top, true, false});
-    OrTurned(*upright, target.x - top, target.y + left, target.surface);
-    return true;
+    m_Contours.Clear();
+    PathBuilder path(m_Contours);
+    outline.Trace(path, GlyphToCell(placed, outline));
+    sink.Begin(static_cast<std::int32_t>(y));
+    m_Converter.Convert(m_Contours, FillRule::kWinding, sink.Bounds(), sink);
+    sink.End();
 }
 
 void TextPainter::DrawTurned(const PlacedGlyph& placed, const GlyphOutline& outline,

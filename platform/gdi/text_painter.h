@@ -9,6 +9,8 @@
 
 namespace kv::gdi {
 
+class TurnedSink;
+
 /// Where a line goes and in what: pixels of the surface, the start of the cell's upper edge.
 struct TextTarget {
     BitSurface& surface;
@@ -24,24 +26,18 @@ class TextPainter {
   public:
     explicit TextPainter(const FontInstance& font) : m_Font(font) {}
 
-    /// Fills the line's box, then draws all glyphs. False when there is no memory.
-    bool Draw(const TextLine& line, const TextTarget& target);
+    /// Fills the line's box, then draws all glyphs.
+    void Draw(const TextLine& line, const TextTarget& target);
 
   private:
-    /// Half-open bounds in whole pixels.
-    struct Box {
-        std::int64_t left, top, right, bottom;
-    };
-
     const GlyphOutline& OutlineOf(const TextLine& line, const PlacedGlyph& placed) const;
     Affine GlyphToCell(const PlacedGlyph& placed, const GlyphOutline& outline) const;
-    Box InkBox(const PlacedGlyph& placed, const GlyphOutline& outline) const;
 
     void FillPaper(const TextLine& line, const TextTarget& target, const Affine& turn);
     void DrawUpright(const PlacedGlyph& placed, const GlyphOutline& outline,
                      const TextTarget& target);
-    bool DrawDownwards(const PlacedGlyph& placed, const GlyphOutline& outline,
-                       const TextTarget& target);
+    void DrawDownwards(const PlacedGlyph& placed, const GlyphOutline& outline,
+                       const TextTarget& target, TurnedSink& sink);
     void DrawTurned(const PlacedGlyph& placed, const GlyphOutline& outline,
                     const TextTarget& target, const Affine& turn);
 

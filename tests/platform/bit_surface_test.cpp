@@ -6,7 +6,7 @@
 
 #include "platform/gdi/bit_sink.h"
 #include "platform/gdi/dc.h"
-#include "platform/gdi/turn.h"
+#include "platform/gdi/turned_sink.h"
 #include "tests/platform/raster_check.h"
 
 namespace kv::gdi {
@@ -77,21 +77,32 @@ TEST(BitSurfaceTest, TurningEqualsAPixelLoop) {
         const auto target = Noise(upTo(190), upTo(190), 5, random);
         const std::int32_t x = upTo(400) - 30;
         const std::int32_t y = upTo(400) - 190;
+        const bool value = round % 3 != 0;
         const Rows from = Read(*source);
         Rows expected = Read(*target);
-        for (std::int32_t v = 0; v < source->Height(); ++v) {
-            for (std::int32_t u = 0; u < source->Width(); ++u) {
-                const std::int32_t column = x - 1 - v;
-                const std::int32_t row = y + u;
-                if (from[std::size_t(v)][std::size_t(u)] == '#' && column >= 0 && row >= 0 &&
-                    column < target->Width() && row < target->Height()) {
-                    expected[std::size_t(row)][std::size_t(column)] = '#';
+        TurnedSink sink(*target, x, value);
+        sink.Begin(y);
+        const Clip clip = sink.Bounds();
+        for (std::int32_t v = std::max(clip.top, 0); v < std::min(clip.bottom, source->Height());
+             ++v) {
+            std::vector<kv::gdi::Run> runs;
+            for (std::int32_t u = std::max(clip.left, 0); u < std::min(clip.right, source->Width());
+                 ++u) {
+                if (from[std::size_t(v)][std::size_t(u)] != '#') {
+                    continue;
+                }
+                expected[std::size_t(y + u)][std::size_t(x - 1 - v)] = value ? '#' : '.';
+                if (!runs.empty() && runs.back().end == u) {
+                    ++runs.back().end;
+                } else {
+                    runs.push_back({u, u + 1});
                 }
             }
+            if (!runs.empty()) {
+                sink.Row(v, runs);
+            }
         }
-        OrTurned(*source, x, y, *target);
-        constexpr std::int64_t kLeast = std::numeric_limits<std::int64_t>::min();
-        OrTurned(*source, kLeast, kLeast, *target);
+        sink.End();
         ASSERT_EQ(Read(*target), expected) << round;
     }
 }
