@@ -5,9 +5,9 @@
 #include <CKVBwDraw.h>
 #include <CKVGrayBitmap.h>
 
+#include "base/scratch.h"
 #include "effect/disc.h"
 #include "effect/grown.h"
-#include "effect/scratch.h"
 #include "effect/vector.h"
 
 namespace {

@@ -2,8 +2,8 @@
 #include <cmath>
 #include <cstring>
 
+#include "base/scratch.h"
 #include "effect/ramp.h"
-#include "effect/scratch.h"
 #include "effect/vector.h"
 
 #if KV_HAS_AVX2_PATH

@@ -2,8 +2,8 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "base/scratch.h"
 #include "effect/ramp.h"
-#include "effect/scratch.h"
 
 namespace kv {
 namespace {

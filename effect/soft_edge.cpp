@@ -4,8 +4,8 @@
 #include <CKVBwDraw.h>
 #include <CKVGrayBitmap.h>
 
+#include "base/scratch.h"
 #include "effect/grown.h"
-#include "effect/scratch.h"
 #include "effect/soft_rows.h"
 #include "effect/vector.h"
 #include "effect/yield.h"

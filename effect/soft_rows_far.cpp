@@ -1,6 +1,6 @@
 #include <algorithm>
 
-#include "effect/scratch.h"
+#include "base/scratch.h"
 #include "effect/soft_rows.h"
 
 // The lower envelope of parabolas of equal opening, after A. Meijster, J. Roerdink and W.

@@ -1,7 +1,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "effect/scratch.h"
+#include "base/scratch.h"
 #include "effect/soft_rows.h"
 #include "effect/vector.h"
 
