@@ -9,6 +9,16 @@
 
 namespace {
 
+// By copies of a first piece that stays in the nearest cache: copying beats storing once a frame is
+// larger than the caches.
+void FillPixels(DWORD* pixels, std::size_t count, DWORD color) {
+    constexpr std::size_t kPiece = 1024;
+    std::fill_n(pixels, std::min(count, kPiece), color);
+    for (std::size_t done = kPiece; done < count; done += kPiece) {
+        std::memcpy(pixels + done, pixels, std::min(kPiece, count - done) * sizeof(DWORD));
+    }
+}
+
 // Cells of the two colours in turn, the last one cut off.
 void FillCells(DWORD* row, std::size_t width, std::size_t cell, DWORD first, DWORD second) {
     for (std::size_t x = 0; x < width; x += cell) {
@@ -28,7 +38,7 @@ void CKVFrameBuffer::Clear() {
 
 void CKVFrameBuffer::ClearCol(DWORD color) {
     const kv::ExclusiveHold hold(*this);
-    std::fill_n(m_BufferDWord, m_Size / 4, color);
+    FillPixels(m_BufferDWord, m_Size / 4, color);
 }
 
 void CKVFrameBuffer::ClearCross(tagPOINT cell, DWORD color1, DWORD color2) {
@@ -55,7 +65,7 @@ void CKVFrameBuffer::ImageChColor(DWORD color) {
 
 void CKVFrameBuffer::ClearKey() {
     const kv::ExclusiveHold hold(*this);
-    std::for_each_n(m_BufferDWord, m_Size / 4, [](DWORD& pixel) { pixel &= 0x00FFFFFF; });
+    kv::ClearKeyRow(m_BufferDWord, m_Size / 4);
 }
 
 void CKVFrameBuffer::MakeLuminanceKey(DWORD low, DWORD range) {

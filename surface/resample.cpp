@@ -2,20 +2,20 @@
 
 #include <algorithm>
 #include <array>
-#include <cstring>
 #include <optional>
-#include <utility>
 
 #include "base/narrow.h"
+#include "base/scratch.h"
+#include "surface/resample_rows.h"
 
-// The target is made in strips of columns. Within a strip the horizontal sums of a source row stand
-// as doubles, made once and used by every target row that lies between this source row and the
-// next; the two rows of sums in use stay in the nearest cache.
+// The horizontal sums of a source row stand as doubles, made once and used by every target row that
+// lies between this source row and the next. The target is made in strips of columns, so that the
+// two rows of sums in use stay in cache; wide ones, since memory is slow in short pieces.
 
 namespace kv {
 namespace {
 
-constexpr std::size_t kStrip = 256;  // target columns
+constexpr std::size_t kStrip = 4096;  // target columns
 
 struct Axis {
     LONG source;  // pixels
@@ -23,14 +23,8 @@ struct Axis {
     float factor;
 };
 
-// The two source pixels of one target position: value = first * (1 - weight) + second * weight.
-struct Tap {
-    std::size_t first;
-    std::size_t second;
-    float weight;
-};
-
-// At the edges, where both pixels are one, the weight is 0: the sum is then that pixel, unrounded.
+// Nothing where the position lies outside the source. Where both pixels are one, beyond the edges,
+// the weight is 0 or 1, which takes that pixel unrounded.
 std::optional<Tap> TapAt(LONG position, const Axis& axis) {
     const float at = static_cast<float>(position - axis.target / 2) / axis.factor;
     // A whole number at or below 0 counts as the end of the interval before it.
@@ -39,22 +33,23 @@ std::optional<Tap> TapAt(LONG position, const Axis& axis) {
     if (index < -1 || index >= axis.source) {
         return std::nullopt;
     }
-    if (index == -1 || index == axis.source - 1) {
-        const auto edge = static_cast<std::size_t>(std::max<std::int64_t>(index, 0));
-        return Tap{edge, edge, 0.0F};
+    if (index == -1 || axis.source == 1) {
+        return Tap{0, 0.0F};
     }
-    const auto first = static_cast<std::size_t>(index);
-    return Tap{first, first + 1, at - static_cast<float>(below)};
+    if (index == axis.source - 1) {
+        return Tap{axis.source - 2, 1.0F};
+    }
+    return Tap{static_cast<LONG>(index), at - static_cast<float>(below)};
 }
 
 // The taps of a strip's columns. Positions rise with the column, so that those outside the source
 // are at the ends.
 struct Columns {
+    Tap* taps;
     std::size_t outsideBefore = 0;
     std::size_t count = 0;
-    std::array<Tap, kStrip> taps;
 
-    Columns(std::size_t from, std::size_t width, const Axis& axis) {
+    Columns(Tap* memory, std::size_t from, std::size_t width, const Axis& axis) : taps(memory) {
         for (std::size_t i = 0; i < width; ++i) {
             if (const auto tap = TapAt(static_cast<LONG>(from + i), axis)) {
                 taps[count++] = *tap;
@@ -65,63 +60,51 @@ struct Columns {
     }
 };
 
-using SumRow = std::array<double, kStrip * 4>;
-
-// float(b) * t in single precision, the rest in double: part of the result's definition.
-void SumHorizontally(double* sums, const BYTE* row, const Columns& columns) {
-    for (std::size_t x = 0; x < columns.count; ++x, sums += 4) {
-        const Tap& tap = columns.taps[x];
-        const BYTE* const a = row + tap.first * 4;
-        const BYTE* const b = row + tap.second * 4;
-        for (std::size_t i = 0; i < 4; ++i) {
-            sums[i] = double{static_cast<float>(b[i]) * tap.weight} +
-                      double{static_cast<float>(a[i])} * (1.0 - double{tap.weight});
-        }
-    }
-}
-
-void MixVertically(BYTE* target, const double* upper, const double* lower, double weight,
-                   std::size_t pixels) {
-    for (std::size_t i = 0; i < pixels * 4; ++i) {
-        target[i] =
-            static_cast<BYTE>(static_cast<int>(lower[i] * weight + upper[i] * (1.0 - weight)));
-    }
-}
-
 // The sums of the two source rows used last.
 class SumCache {
   public:
-    SumCache(const CKVFrameBuffer& source, const Columns& columns)
-        : source_(source), columns_(columns) {}
+    /// memory holds eight doubles a column.
+    SumCache(double* memory, const CKVFrameBuffer& source, const Columns& columns)
+        : source_(source), columns_(columns), sums_{memory, memory + columns.count * 4} {}
 
-    /// The sums of two rows that are one or neighbours; they stay until the next call.
-    std::pair<const double*, const double*> Rows(std::size_t first, std::size_t second) {
-        return {Row(first), Row(second)};
+    /// The sums of a source row; they stay until the row after the next is asked for.
+    const double* Row(LONG row) {
+        const auto slot = static_cast<std::size_t>(row % 2);
+        if (rows_[slot] != row) {
+            rows_[slot] = row;
+            SumTaps(sums_[slot], Pixels(row), columns_.taps, columns_.count);
+        }
+        return sums_[slot];
     }
 
   private:
-    static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
-
-    const double* Row(std::size_t row) {
-        const std::size_t slot = row % 2;
-        if (rows_[slot] != row) {
-            const BYTE* const pixels = source_.GetBufferByte() + row * source_.GetLineByte();
-            SumHorizontally(sums_[slot].data(), pixels, columns_);
-            rows_[slot] = row;
+    // Taps read two pixels: a source of one column stands twice.
+    const DWORD* Pixels(LONG row) {
+        const DWORD* const pixels =
+            source_.GetBufferDWord() + static_cast<std::size_t>(row) * source_.GetWidth();
+        if (source_.GetWidth() > 1) {
+            return pixels;
         }
-        return sums_[slot].data();
+        twice_.fill(*pixels);
+        return twice_.data();
     }
 
     const CKVFrameBuffer& source_;
     const Columns& columns_;
-    std::array<std::size_t, 2> rows_{kNone, kNone};
-    std::array<SumRow, 2> sums_;
+    std::array<LONG, 2> rows_{-1, -1};
+    std::array<double*, 2> sums_;
+    std::array<DWORD, 2> twice_{};
 };
 
-void ResampleStrip(const CKVFrameBuffer& source, CKVFrameBuffer& target, std::size_t from,
-                   std::size_t width, const Axis& across, const Axis& down) {
-    const Columns columns(from, width, across);
-    SumCache sums(source, columns);
+// A row that has all the weight stands for both.
+void MixRow(DWORD* target, SumCache& sums, const Tap& tap, std::size_t count) {
+    const double* const upper = sums.Row(tap.weight == 1.0F ? tap.first + 1 : tap.first);
+    const double* const lower = tap.weight == 0.0F ? upper : sums.Row(tap.first + 1);
+    MixSums(target, upper, lower, double{tap.weight}, count);
+}
+
+void ResampleStrip(CKVFrameBuffer& target, std::size_t from, std::size_t width,
+                   const Columns& columns, SumCache& sums, const Axis& down) {
     for (LONG y = 0; y < down.target; ++y) {
         DWORD* const row =
             target.GetBufferDWord() + static_cast<std::size_t>(y) * target.GetWidth() + from;
@@ -130,9 +113,7 @@ void ResampleStrip(const CKVFrameBuffer& source, CKVFrameBuffer& target, std::si
         const std::size_t inside = tap ? columns.count : 0;
         std::fill_n(row, before, 0);
         if (tap) {
-            const auto [upper, lower] = sums.Rows(tap->first, tap->second);
-            MixVertically(reinterpret_cast<BYTE*>(row + before), upper, lower, double{tap->weight},
-                          inside);
+            MixRow(row + before, sums, *tap, inside);
         }
         std::fill_n(row + before + inside, width - before - inside, 0);
     }
@@ -140,13 +121,22 @@ void ResampleStrip(const CKVFrameBuffer& source, CKVFrameBuffer& target, std::si
 
 }  // namespace
 
-void Resample(const CKVFrameBuffer& source, CKVFrameBuffer& target, float factorX, float factorY) {
+bool Resample(const CKVFrameBuffer& source, CKVFrameBuffer& target, float factorX, float factorY) {
     const Axis across{source.m_Width, target.m_Width, factorX};
     const Axis down{source.m_Height, target.m_Height, factorY};
     const std::size_t width = target.GetWidth();
-    for (std::size_t x = 0; x < width; x += kStrip) {
-        ResampleStrip(source, target, x, std::min(kStrip, width - x), across, down);
+    const auto taps = Scratch<Tap>(std::min(kStrip, width));
+    const auto sums = Scratch<double>(std::min(kStrip, width) * 8);
+    if (taps == nullptr || sums == nullptr) {
+        return false;
     }
+    for (std::size_t x = 0; x < width; x += kStrip) {
+        const std::size_t strip = std::min(kStrip, width - x);
+        const Columns columns(taps.get(), x, strip, across);
+        SumCache cache(sums.get(), source, columns);
+        ResampleStrip(target, x, strip, columns, cache, down);
+    }
+    return true;
 }
 
 }  // namespace kv

@@ -55,7 +55,10 @@ int ResizeInto(const CKVFrameBuffer& source, CKVFrameBuffer& target, CSize size,
     if (const KVResizeFunction outside = CKVDrawWApp::Instance().m_IppResize) {
         return ResizeOutside(outside, source, target);
     }
-    kv::Resample(source, target, factorX, factorY);
+    if (!kv::Resample(source, target, factorX, factorY)) {
+        target.DeleteFrameBuffer();
+        return -1;
+    }
     return 0;
 }
 

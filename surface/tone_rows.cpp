@@ -43,6 +43,13 @@ struct Tint {
     U32 green;
 };
 
+template <typename Lanes>
+struct NoKey {
+    KV_FORCE_INLINE void Apply(typename Lanes::U32& pixels) const { pixels &= ~lanes.key; }
+
+    Lanes lanes;
+};
+
 // floor(n / divisor) as trunc((n + 0.5) / divisor): n and the products with the divisor are below
 // 2^17, so that half a unit is far more than what single precision loses. A divisor that no n
 // reaches stands for all larger ones.
@@ -90,6 +97,7 @@ KV_FORCE_INLINE void ToneRow(DWORD* pixels, std::size_t count, const Tone& tone)
 struct ToneKernels {
     void (*tint)(DWORD*, std::size_t, DWORD);
     void (*luminanceKey)(DWORD*, std::size_t, DWORD, DWORD);
+    void (*clearKey)(DWORD*, std::size_t);
 };
 
 void PlainTint(DWORD* pixels, std::size_t count, DWORD color) {
@@ -100,7 +108,11 @@ void PlainLuminanceKey(DWORD* pixels, std::size_t count, DWORD low, DWORD range)
     ToneRow<PlainLanes>(pixels, count, LuminanceKey<PlainLanes>(low, range));
 }
 
-constexpr ToneKernels kPlainKernels{PlainTint, PlainLuminanceKey};
+void PlainClearKey(DWORD* pixels, std::size_t count) {
+    ToneRow<PlainLanes>(pixels, count, NoKey<PlainLanes>());
+}
+
+constexpr ToneKernels kPlainKernels{PlainTint, PlainLuminanceKey, PlainClearKey};
 
 #if KV_HAS_AVX2_PATH
 KV_TARGET_AVX2 void Avx2Tint(DWORD* pixels, std::size_t count, DWORD color) {
@@ -111,7 +123,11 @@ KV_TARGET_AVX2 void Avx2LuminanceKey(DWORD* pixels, std::size_t count, DWORD low
     ToneRow<Avx2Lanes>(pixels, count, LuminanceKey<Avx2Lanes>(low, range));
 }
 
-constexpr ToneKernels kAvx2Kernels{Avx2Tint, Avx2LuminanceKey};
+KV_TARGET_AVX2 void Avx2ClearKey(DWORD* pixels, std::size_t count) {
+    ToneRow<Avx2Lanes>(pixels, count, NoKey<Avx2Lanes>());
+}
+
+constexpr ToneKernels kAvx2Kernels{Avx2Tint, Avx2LuminanceKey, Avx2ClearKey};
 #else
 constexpr ToneKernels kAvx2Kernels = kPlainKernels;
 #endif
@@ -128,6 +144,10 @@ void TintRow(DWORD* pixels, std::size_t count, DWORD color) {
 
 void LuminanceKeyRow(DWORD* pixels, std::size_t count, DWORD low, DWORD range) {
     Kernels().luminanceKey(pixels, count, low, range);
+}
+
+void ClearKeyRow(DWORD* pixels, std::size_t count) {
+    Kernels().clearKey(pixels, count);
 }
 
 }  // namespace kv

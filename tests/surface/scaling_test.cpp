@@ -100,14 +100,14 @@ TEST_P(Scaling, EqualsTheRuleAtAllSmallSizes) {
 // products decides the level.
 TEST_P(Scaling, EqualsTheRuleAcrossBlocksAndOnFlatColour) {
     CKVFrameBuffer target;
-    for (const LONG width : {255, 256, 257, 640, 1031}) {
-        CKVFrameBuffer source = Noise(300, 7, 6);
-        ASSERT_EQ(source.SizeChange(&target, width, 11), 0);
+    for (const LONG width : {640, 4095, 4096, 4097, 8200}) {
+        CKVFrameBuffer source = Noise(300, 5, 6);
+        ASSERT_EQ(source.SizeChange(&target, width, 9), 0);
         const float factorX = static_cast<float>(width) / 300.0F;
-        ASSERT_NO_FATAL_FAILURE(ExpectResampled(source, target, factorX, 11.0F / 7.0F));
+        ASSERT_NO_FATAL_FAILURE(ExpectResampled(source, target, factorX, 9.0F / 5.0F));
         source.ClearCol(0xFFC8640B);
-        ASSERT_EQ(source.SizeChange(&target, width, 11), 0);
-        ASSERT_NO_FATAL_FAILURE(ExpectResampled(source, target, factorX, 11.0F / 7.0F));
+        ASSERT_EQ(source.SizeChange(&target, width, 9), 0);
+        ASSERT_NO_FATAL_FAILURE(ExpectResampled(source, target, factorX, 9.0F / 5.0F));
     }
 }
 
@@ -117,7 +117,7 @@ TEST_P(Scaling, PixelsBeyondTheEdgeAreTransparentBlack) {
     for (const float factor : {0.3F, 0.9F, 1.0F, 1.7F, 0.01F}) {
         CKVFrameBuffer target(300, 21, 0);
         target.ClearCol(0xEEEEEEEE);
-        kv::Resample(source, target, factor * 20, factor);
+        ASSERT_TRUE(kv::Resample(source, target, factor * 20, factor));
         ASSERT_NO_FATAL_FAILURE(ExpectResampled(source, target, factor * 20, factor));
     }
 }
