@@ -2,6 +2,7 @@
 
 #include <CBox.h>
 #include <CKVFrameBuffer.h>
+#include <platform/archive.h>
 #include <platform/export.h>
 #include <platform/object.h>
 #include <platform/string.h>
@@ -86,6 +87,17 @@ class KVDRAW_API CImgFile : public CObject {
     /// Draws the whole picture into the target at the object's position in its copy mode. -1 for a
     /// null target, and when there is no picture or nothing of it lies in the target.
     int DrawFrame(CKVFrameBuffer* target);
+
+    /// Stores name, position and copy mode in the object's file form ("IFO0") at the file's current
+    /// position; the picture stays in the file that the name tells. 1, or 0 when the file failed;
+    /// what was written by then stays in it.
+    int Write(CFile* file) const;
+    /// Replaces name, position and copy mode from the file's current position; the picture stays
+    /// until LoadImg. 1, or 0 when the file failed or ended early: the fields read by then are new,
+    /// a name that was cut is empty.
+    int Read(CFile* file);
+    /// Read or Write on the archive's file; the result is dropped.
+    void Serialize(CArchive& archive) override;
 
   protected:
     /// LoadImg and SaveImage for a name that is not empty.

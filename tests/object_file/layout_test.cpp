@@ -5,6 +5,7 @@
 
 #include <CDrawGraph.h>
 #include <CDrawText.h>
+#include <CImgFile.h>
 #include <gtest/gtest.h>
 
 #include "tests/support/memory_file.h"
@@ -117,6 +118,16 @@ Layout FilledText(CDrawText& text) {
     return layout;
 }
 
+Layout FilledImage(CImgFile& image) {
+    Layout layout("IFO0");
+    layout.Number(4, image.m_AddressX);
+    layout.Number(8, image.m_AddressY);
+    layout.Number(12, image.m_CopyMode);
+    image.m_FileName = "abc";
+    layout.Append(image.m_FileName);
+    return layout;
+}
+
 // What is written is the layout; what is read from the layout writes the same, so every field came
 // over. The reserved bytes of the layout are then no zeros, and the magic is another.
 template <class Object, class Fill>
@@ -148,6 +159,10 @@ TEST(ObjectFileLayout, Shape) {
 
 TEST(ObjectFileLayout, Text) {
     CheckLayout<CDrawText>(FilledText, {46, 47, 128, 131, 272, 276, 292, 308, 315});
+}
+
+TEST(ObjectFileLayout, Image) {
+    CheckLayout<CImgFile>(FilledImage, {});
 }
 
 TEST(ObjectFileLayout, NewShapeTakes236Bytes) {
