@@ -21,8 +21,7 @@ static std::string Landscape() {
     shape.SetPolyGon(hills, 7);
     shape.SetBodyCol(0xFF206830);
     shape.DrawFrame(&tile);
-    const std::string file =
-        (std::filesystem::temp_directory_path() / "kvdraw_landscape.tga").string();
+    std::string file = (std::filesystem::temp_directory_path() / "kvdraw_landscape.tga").string();
     CImgFile().SaveImage(&tile, file.c_str());
     return file;
 }
@@ -35,8 +34,7 @@ static std::string Stripes() {
             tile.GetBufferDWord()[16 * y + x] = (x + y) % 16 < 10 ? 0xFFA02020 : 0x00A02020;
         }
     }
-    const std::string file =
-        (std::filesystem::temp_directory_path() / "kvdraw_stripes.tga").string();
+    std::string file = (std::filesystem::temp_directory_path() / "kvdraw_stripes.tga").string();
     CImgFile().SaveImage(&tile, file.c_str());
     return file;
 }

@@ -65,10 +65,10 @@ class Texture : public testing::Test {
 };
 
 TEST_F(Texture, PaintsAsTheCopiesDo) {
-    const LONG pictures[][2] = {{1, 1}, {3, 3}, {4, 7}, {16, 16}, {33, 2}, {90, 50}};
+    const CSize sizes[] = {{1, 1}, {3, 3}, {4, 7}, {16, 16}, {33, 2}, {90, 50}};
     CKVFrameBuffer picture;
-    for (const auto& [w, h] : pictures) {
-        FillPicture(picture, w, h, m_Random);
+    for (const CSize& size : sizes) {
+        FillPicture(picture, size.cx, size.cy, m_Random);
         ASSERT_EQ(CKVTargaImage().SaveImage(m_File.c_str(), &picture, 0), 0);
         for (LONG width = 1; width < 70; width += 1 + width / 9) {
             effect_test::FillRandom(m_Gray, width, 1 + width * 5 % 37, 3, m_Random);
@@ -76,7 +76,7 @@ TEST_F(Texture, PaintsAsTheCopiesDo) {
                 const std::vector<DWORD> expected = PlainTexture(m_Gray, picture, mode);
                 effect_test::AtEachLevel([&] {
                     ASSERT_EQ(Paint(mode, m_File.c_str()), expected)
-                        << w << 'x' << h << " onto " << width << " mode " << mode;
+                        << size.cx << " onto " << width << " mode " << mode;
                 });
             }
         }
