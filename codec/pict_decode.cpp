@@ -1,11 +1,17 @@
 #include <algorithm>
 #include <cstring>
+#include <map>
+#include <new>
+#include <span>
+#include <vector>
 
 #include <CKVPictImage.h>
 
 #include "base/bytes.h"
 #include "base/checked.h"
+#include "base/cpu.h"
 #include "codec/pict_format.h"
+#include "codec/pict_planes.h"
 #include "codec/transfer.h"
 
 namespace {
@@ -29,12 +35,7 @@ struct Planes32 {
     std::size_t Span(std::size_t width) const { return plane * 3 + width; }
     void Convert(BYTE* dst, const BYTE* key, std::size_t width) const {
         const BYTE* const red = key + plane;
-        const BYTE* const green = red + plane;
-        const BYTE* const blue = green + plane;
-        for (std::size_t x = 0; x < width; ++x) {
-            const BYTE pixel[] = {blue[x], green[x], red[x], key[x]};
-            std::memcpy(dst + x * 4, pixel, 4);
-        }
+        kv::pict::JoinPlanes(dst, {red + 2 * plane, red + plane, red, key}, width);
     }
 };
 
@@ -47,12 +48,7 @@ struct Planes24 {
     std::size_t Room(std::size_t width) const { return width * 4; }
     std::size_t Span(std::size_t width) const { return plane * 2 + width; }
     void Convert(BYTE* dst, const BYTE* red, std::size_t width) const {
-        const BYTE* const green = red + plane;
-        const BYTE* const blue = green + plane;
-        for (std::size_t x = 0; x < width; ++x) {
-            const BYTE pixel[] = {blue[x], green[x], red[x], 255};
-            std::memcpy(dst + x * 4, pixel, 4);
-        }
+        kv::pict::JoinPlanes(dst, {red + 2 * plane, red + plane, red, nullptr}, width);
     }
 };
 
@@ -74,65 +70,159 @@ struct Words16 {
     }
 };
 
-// Unpacks a row, packet by packet until it has as many bytes as wanted, which the scratch row
-// holds; what the last packet brings beyond that goes as far as there is room. False when the data
-// ended first.
+// A packet into a row: bytes copied, or one unit repeated. Where a packet of the largest size would
+// fit on both sides, fixed sizes are written, one for short packets and one for all others, since
+// that is faster; the packets that follow write over what was too much.
 template <std::size_t kUnit>
-bool Unpack(kv::ByteReader data, std::size_t wanted, BYTE* scratch, std::size_t room) {
-    for (std::size_t done = 0; done < wanted;) {
-        if (data.Remaining() == 0) {
-            return false;
+struct PutPacket {
+    static constexpr std::size_t kMostBytes = 128 * kUnit;
+    static constexpr std::size_t kShortBytes = 32;
+
+    static void Copy(BYTE* to, const BYTE* from, std::size_t bytes, bool isRoomy) {
+        if (!isRoomy) {
+            std::memcpy(to, from, bytes);
+            return;
         }
-        const BYTE control = data.U8();
-        if (control == kNoOperation) {
-            continue;
+        std::memcpy(to, from, kShortBytes);
+        if (bytes > kShortBytes) {
+            std::memcpy(to + kShortBytes, from + kShortBytes, kMostBytes - kShortBytes);
         }
-        const bool isRun = control > kNoOperation;
-        const std::size_t bytes = (isRun ? 257U - control : control + 1U) * kUnit;
-        const auto stored = data.Take(isRun ? kUnit : bytes);
-        if (stored.size() < (isRun ? kUnit : bytes)) {
-            return false;
-        }
-        const std::size_t part = std::min(bytes, room - done);
-        if (!isRun) {
-            std::memcpy(scratch + done, stored.data(), part);
-        } else if (kUnit == 1) {
-            std::memset(scratch + done, stored[0], part);
-        } else {
-            for (std::size_t i = 0; i < part; ++i) {
-                scratch[done + i] = stored[i % kUnit];
-            }
-        }
-        done += bytes;
     }
-    return true;
-}
+
+    static void Repeat(BYTE* to, const BYTE* unit, std::size_t bytes, bool isRoomy) {
+        if (!isRoomy) {
+            Fill(to, unit, bytes);
+            return;
+        }
+        Fill(to, unit, kShortBytes);
+        if (bytes > kShortBytes) {
+            Fill(to + kShortBytes, unit, kMostBytes - kShortBytes);
+        }
+    }
+
+  private:
+    static KV_FORCE_INLINE void Fill(BYTE* to, const BYTE* unit, std::size_t bytes) {
+        if (kUnit == 1) {
+            std::memset(to, *unit, bytes);
+            return;
+        }
+        for (std::size_t i = 0; i < bytes; i += kUnit) {
+            std::memcpy(to + i, unit, kUnit);
+        }
+    }
+};
+
+// Where no-operations end. Rows may overlap when their counts lie, so that each of them would walk
+// through the same ones again; long stretches are remembered by their ends, with their starts.
+class NoOperations {
+  public:
+    explicit NoOperations(std::span<const BYTE> data) : m_Data(data) {}
+
+    std::size_t EndFrom(std::size_t at) {
+        const auto known = m_Stretches.upper_bound(at);
+        if (known != m_Stretches.end() && known->second <= at) {
+            return known->first;
+        }
+        std::size_t end = at;
+        while (end < m_Data.size() && m_Data[end] == kNoOperation) {
+            ++end;
+        }
+        if (end - at >= kLong) {
+            m_Stretches[end] = at;
+        }
+        return end;
+    }
+
+  private:
+    static constexpr std::size_t kLong = 64;
+
+    std::span<const BYTE> m_Data;
+    std::map<std::size_t, std::size_t> m_Stretches;
+};
+
+// Unpacks the rows of a picture one by one.
+template <typename Stored>
+class Unpacker {
+  public:
+    Unpacker(const Stored& stored, std::size_t width, std::span<const BYTE> data)
+        : m_CountBytes(stored.HasWideCount() ? 2 : 1),
+          m_Wanted(stored.Wanted()),
+          m_Row(std::max(stored.Room(width), m_Wanted)),
+          m_Data(data),
+          m_NoOperations(data) {}
+
+    // The scratch row, with what earlier rows left behind their bytes.
+    std::span<const BYTE> Row() const { return m_Row; }
+
+    // False when the data ended first.
+    bool Next() {
+        kv::ByteReader rows(m_Data.subspan(m_At));
+        if (rows.Remaining() < m_CountBytes) {
+            return false;
+        }
+        const std::size_t count = m_CountBytes == 2 ? rows.U16Be() : rows.U8();
+        const bool isWhole = Unpack(rows);
+        rows.Take(count);
+        m_At = m_Data.size() - rows.Remaining();
+        return isWhole;
+    }
+
+  private:
+    using Put = PutPacket<Stored::kUnit>;
+
+    // Packet by packet, until there are as many bytes as wanted. What the last packet brings beyond
+    // that goes as far as there is room.
+    bool Unpack(kv::ByteReader packets) {
+        for (std::size_t done = 0; done < m_Wanted;) {
+            if (packets.Remaining() == 0) {
+                return false;
+            }
+            const BYTE control = packets.U8();
+            if (control == kNoOperation) {
+                const std::size_t at = m_Data.size() - packets.Remaining();
+                packets.Take(m_NoOperations.EndFrom(at) - at);
+                continue;
+            }
+            const bool isRun = control > kNoOperation;
+            const std::size_t bytes = (isRun ? 257U - control : control + 1U) * Stored::kUnit;
+            const bool isRoomy = std::min(m_Wanted - done, packets.Remaining()) >= Put::kMostBytes;
+            const auto stored = packets.Take(isRun ? Stored::kUnit : bytes);
+            if (stored.size() < (isRun ? Stored::kUnit : bytes)) {
+                return false;
+            }
+            const std::size_t part = std::min(bytes, m_Row.size() - done);
+            if (isRun) {
+                Put::Repeat(m_Row.data() + done, stored.data(), part, isRoomy);
+            } else {
+                Put::Copy(m_Row.data() + done, stored.data(), part, isRoomy);
+            }
+            done += bytes;
+        }
+        return true;
+    }
+
+    std::size_t m_CountBytes;
+    std::size_t m_Wanted;
+    std::vector<BYTE> m_Row;
+    std::span<const BYTE> m_Data;
+    std::size_t m_At = 0;
+    NoOperations m_NoOperations;
+};
 
 template <typename Stored>
-int Decode(const BYTE* src, BYTE* dst, DWORD width, DWORD height, DWORD size, DWORD rowBytes) {
+int Decode(const BYTE* src, BYTE* dst, DWORD width, DWORD height, DWORD size, DWORD rowBytes) try {
     const Stored stored(rowBytes);
-    const std::size_t room = std::max(stored.Room(width), stored.Wanted());
-    const kv::ByteBuffer scratch = kv::AllocateBytes(room);
-    if (scratch == nullptr) {
-        return -1;
-    }
-    std::memset(scratch.get(), 0, room);
-    const std::size_t countBytes = stored.HasWideCount() ? 2 : 1;
-    kv::ByteReader data({src, size});
+    Unpacker<Stored> unpacker(stored, width, {src, size});
     for (DWORD row = 0; row < height; ++row) {
-        if (data.Remaining() < countBytes) {
+        if (!unpacker.Next() || stored.Span(width) > unpacker.Row().size()) {
             return -1;
         }
-        const std::size_t count = stored.HasWideCount() ? data.U16Be() : data.U8();
-        if (!Unpack<Stored::kUnit>(data, stored.Wanted(), scratch.get(), room) ||
-            stored.Span(width) > room) {
-            return -1;
-        }
-        data.Take(count);
-        stored.Convert(dst, scratch.get(), width);
+        stored.Convert(dst, unpacker.Row().data(), width);
         dst += std::size_t{width} * 4;
     }
     return 0;
+} catch (const std::bad_alloc&) {
+    return -1;
 }
 
 }  // namespace

@@ -9,23 +9,40 @@
 
 #include "codec/pict_format.h"
 #include "codec/pict_packets.h"
+#include "codec/pict_planes.h"
 #include "codec/transfer.h"
 
 namespace {
 
+using kv::pict::kMostPacketBytes;
 using kv::pict::Packet;
 
-// Literal bytes are copied in whole blocks; so much is spare behind both rows.
+// Literals are copied by blocks, most are short; so much is spare behind both rows.
+constexpr std::size_t kFirstBytes = 16;
 constexpr std::size_t kSpareBytes = 128;
-constexpr std::size_t kMostLiterals = 127;
-
 constexpr std::size_t kCountMost = 0xFF;
 constexpr std::size_t kWideCountMost = 0xFFFF;
 
 // What a row takes in literal packets alone.
 constexpr std::uint64_t LiteralBytes(DWORD width) {
     const std::uint64_t bytes = std::uint64_t{width} * 4;
-    return bytes + (bytes + kMostLiterals - 1) / kMostLiterals;
+    return bytes + (bytes + kMostPacketBytes - 1) / kMostPacketBytes;
+}
+
+// Both write a packet; the place behind it.
+BYTE* PutRun(BYTE* to, BYTE value, std::size_t count) {
+    to[0] = static_cast<BYTE>(1 - count);
+    to[1] = value;
+    return to + 2;
+}
+
+BYTE* PutLiterals(BYTE* to, const BYTE* bytes, std::size_t count) {
+    to[0] = static_cast<BYTE>(count - 1);
+    std::memcpy(to + 1, bytes, kFirstBytes);
+    if (count > kFirstBytes) {
+        std::memcpy(to + 1 + kFirstBytes, bytes + kFirstBytes, kSpareBytes - kFirstBytes);
+    }
+    return to + 1 + count;
 }
 
 // Packs rows of one width.
@@ -40,68 +57,38 @@ class RowPacker {
 
     // The packets of a row, until the next one is packed.
     std::span<const BYTE> Pack(const BYTE* pixels) {
-        Split(pixels);
-        PackByRepeats();
-        if (m_Length > (kv::pict::HasWideCount(m_Width) ? kWideCountMost : kCountMost)) {
-            PackAsLiterals();
-        }
-        return std::span(m_Packed).first(m_Length);
+        kv::pict::SplitIntoPlanes(m_Planes.data(), pixels, m_Width);
+        const std::size_t length = PackByRepeats();
+        const bool fits = length <= (kv::pict::HasWideCount(m_Width) ? kWideCountMost : kCountMost);
+        return std::span(m_Packed).first(fits ? length : PackAsLiterals());
     }
 
   private:
-    // Into the four planes key, red, green and blue.
-    void Split(const BYTE* pixels) {
-        BYTE* const key = m_Planes.data();
-        BYTE* const red = key + m_Width;
-        BYTE* const green = red + m_Width;
-        BYTE* const blue = green + m_Width;
-        for (std::size_t x = 0; x < m_Width; ++x) {
-            blue[x] = pixels[x * 4];
-            green[x] = pixels[x * 4 + 1];
-            red[x] = pixels[x * 4 + 2];
-            key[x] = pixels[x * 4 + 3];
-        }
-    }
-
-    void PackByRepeats() {
-        m_Length = 0;
-        m_Packets.SetRow(m_Planes.data(), m_RowBytes);
+    std::size_t PackByRepeats() {
+        const BYTE* const row = m_Planes.data();
+        BYTE* to = m_Packed.data();
+        m_Packets.SetRow(row, m_RowBytes);
         for (std::size_t at = 0; at < m_RowBytes;) {
             const Packet packet = m_Packets.At(at);
-            if (packet.isRun) {
-                PutRun(m_Planes[at], packet.count);
-            } else {
-                PutLiterals(m_Planes.data() + at, packet.count);
-            }
+            to = packet.isRun ? PutRun(to, row[at], packet.count)
+                              : PutLiterals(to, row + at, packet.count);
             at += packet.count;
         }
+        return static_cast<std::size_t>(to - m_Packed.data());
     }
 
-    void PackAsLiterals() {
-        m_Length = 0;
-        for (std::size_t at = 0; at < m_RowBytes; at += kMostLiterals) {
-            PutLiterals(m_Planes.data() + at, std::min(m_RowBytes - at, kMostLiterals));
+    std::size_t PackAsLiterals() {
+        BYTE* to = m_Packed.data();
+        for (std::size_t at = 0; at < m_RowBytes; at += kMostPacketBytes) {
+            to = PutLiterals(to, m_Planes.data() + at, std::min(m_RowBytes - at, kMostPacketBytes));
         }
-    }
-
-    void PutRun(BYTE value, std::size_t count) {
-        m_Packed[m_Length] = static_cast<BYTE>(1 - count);
-        m_Packed[m_Length + 1] = value;
-        m_Length += 2;
-    }
-
-    void PutLiterals(const BYTE* bytes, std::size_t count) {
-        BYTE* const to = m_Packed.data() + m_Length;
-        to[0] = static_cast<BYTE>(count - 1);
-        std::memcpy(to + 1, bytes, count);
-        m_Length += 1 + count;
+        return static_cast<std::size_t>(to - m_Packed.data());
     }
 
     std::size_t m_Width;
     std::size_t m_RowBytes;
     std::vector<BYTE> m_Planes;  // and zeros, the first of which a row's last byte is compared with
     std::vector<BYTE> m_Packed;
-    std::size_t m_Length = 0;
     kv::pict::RowPackets m_Packets;
 };
 

@@ -283,6 +283,14 @@ TEST(PictRead, AClaimedSizeCostsNothing) {
     EXPECT_EQ(Pixels(fb).back(), 0xFF0000F8);
 }
 
+// Each row's count reaches the next count alone, its packets lie behind all the no-operations.
+TEST(PictRead, RowsThatOverlapInNoOperationsCostNothing) {
+    const unsigned int height = 20000;
+    CKVFrameBuffer fb;
+    EXPECT_EQ(Load(File({}, {1, height, 4}, Joined(Bytes(height * 129, 0x80), {0xFD, 7})), fb), 0);
+    EXPECT_EQ(Pixels(fb), std::vector<DWORD>(height, 0x07070707));
+}
+
 TEST(PictRead, RefusesAFullFrameBufferAndNull) {
     CKVFrameBuffer fb(1, 1, 1);
     *fb.GetBufferDWord() = 7;
