@@ -6,21 +6,38 @@
 
 namespace gallery {
 
-static void TargaRoundTrip(CKVFrameBuffer& picture) {
+static void DrawTitle(CKVFrameBuffer& drawn, DWORD edgeColour) {
     CDrawText title;
     title.SetString(KVFromUtf8("保存して読む"));
     title.SetSize(64, 90);
     title.SetEdgeType(0, 4, 0);
-    title.SetEdgeCol(0xFF207040);
-    CKVFrameBuffer drawn;
+    title.SetEdgeCol(edgeColour);
     CBox area, body, edge, shadow;
     title.DrawFrameEria(nullptr, &drawn, area, body, edge, shadow);
+}
 
-    const std::string file =
-        (std::filesystem::temp_directory_path() / "kvdraw_gallery.tga").string();
+static std::string TemporaryFile(const char* name) {
+    return (std::filesystem::temp_directory_path() / name).string();
+}
+
+static void TargaRoundTrip(CKVFrameBuffer& picture) {
+    CKVFrameBuffer drawn;
+    DrawTitle(drawn, 0xFF207040);
+    const std::string file = TemporaryFile("kvdraw_gallery.tga");
     CKVTargaImage targa;
     if (targa.SaveImage(file.c_str(), &drawn, 1) == 0) {  // run-length, key included
         targa.LoadImg(file.c_str(), &picture);
+    }
+    std::filesystem::remove(file);
+}
+
+static void PictRoundTrip(CKVFrameBuffer& picture) {
+    CKVFrameBuffer drawn;
+    DrawTitle(drawn, 0xFF204070);
+    const std::string file = TemporaryFile("kvdraw_gallery.pct");
+    CKVPictImage pict;
+    if (pict.SaveImage(file.c_str(), &drawn, 0) == 0) {  // packed, key included
+        pict.LoadImg(file.c_str(), &picture);
     }
     std::filesystem::remove(file);
 }
@@ -44,6 +61,7 @@ static void Composited(CKVFrameBuffer& picture) {
 std::span<const Entry> Files() {
     static constexpr Entry kEntries[] = {
         GALLERY_ENTRY(TargaRoundTrip, "Written as run-length TGA and read back"),
+        GALLERY_ENTRY(PictRoundTrip, "Written as PICT and read back"),
         GALLERY_ENTRY(Composited, "One rendered title, blended seven times"),
     };
     return kEntries;
