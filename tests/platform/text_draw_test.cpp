@@ -118,11 +118,13 @@ TEST(TextOut, AnyAngleTurnsTheLineAboutTheStartOfItsUpperEdge) {
 struct Place {
     int x, y, width, height;
 };
-Place Standing(const char* face, const char* character) {
-    const LOGFONTA description = Describe(face, 100, -900);
+Box InkOf(const char* face, const char* character, BYTE italic) {
     Canvas canvas(100, 100);
-    canvas.Draw(description, 100, 0, Bytes(character));
-    const Box ink = canvas.Ink();
+    canvas.Draw(Styled(face, 100, -900, 400, italic), 100, 0, Bytes(character));
+    return canvas.Ink();
+}
+Place Standing(const char* face, const char* character) {
+    const Box ink = InkOf(face, character, 0);
     return {(ink.left + ink.right) / 2, (ink.top + ink.bottom) / 2, ink.right - ink.left,
             ink.bottom - ink.top};
 }
@@ -146,6 +148,30 @@ TEST(TextOut, VerticalFacesStandTheirDoubleByteCharactersUpright) {
     plain.Draw(Describe("IPAMincho", 80), 0, 0, Bytes("Agｶj,"));
     vertical.Draw(Describe("@IPAMincho", 80), 0, 0, Bytes("Agｶj,"));
     EXPECT_EQ(plain.Pixels(), vertical.Pixels());
+}
+
+/// How far the upper half of a character's ink reaches further right than the lower half.
+int Lean(const char* face, LONG angle, BYTE italic) {
+    LOGFONTA description = Styled(face, 100, angle, 400, italic);
+    Canvas canvas(160, 100);
+    canvas.Draw(description, angle == 0 ? 30 : 130, 0, Bytes("国"));
+    const std::vector<char> pixels = canvas.Pixels();
+    int reach[2] = {0, 0};
+    for (int i = 0; i < 160 * 100; ++i) {
+        int& half = reach[i / 160 < 45 ? 0 : 1];
+        half = pixels[std::size_t(i)] != 0 ? std::max(half, i % 160) : half;
+    }
+    return reach[0] - reach[1];
+}
+
+TEST(TextOut, UprightCharactersOfAVerticalLineLeanAsInAHorizontalOne) {
+    EXPECT_EQ(Lean("IPAGothic", 0, 0), 0);
+    EXPECT_GT(Lean("IPAGothic", 0, 1), 5);
+    for (const BYTE italic : {BYTE{0}, BYTE{1}}) {
+        EXPECT_NEAR(Lean("@IPAGothic", -900, italic), Lean("IPAGothic", 0, italic), 1);
+    }
+    const Box upright = InkOf("@IPAGothic", "国", 0), slanted = InkOf("@IPAGothic", "国", 1);
+    EXPECT_NEAR(upright.left + upright.right, slanted.left + slanted.right, 2);
 }
 
 /// The box of a line that starts at (200, 200).

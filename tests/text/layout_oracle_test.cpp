@@ -57,7 +57,7 @@ class Oracle {
         Measure();
         if (info.FitMode != 0) {
             const double ratio = FitRatio();
-            if (ratio != 0.0) {
+            if (ratio != kNoRatio) {
                 const double cut = info.Dir == 0 ? 0.0 : 0.5;
                 int q = int(p * ratio + cut);
                 q = shrinks ? std::max(q, info.FitStrMax_Min) : std::min(q, info.FitStrMax_Max);
@@ -89,6 +89,8 @@ class Oracle {
     }
 
   private:
+    static constexpr double kNoRatio = 1e300;
+
     static LOGFONTA Find(const char* name) {
         LOGFONTA found{};
         std::strcpy(found.lfFaceName, name);
@@ -116,7 +118,7 @@ class Oracle {
         L = Extent(measured).cx + (e < 0 ? (n - 2) * e : -e);
         C = Extent(measured).cy;
     }
-    // The distance goes to e; 0 when the width stays.
+    // The distance goes to e; kNoRatio when the width stays.
     double FitRatio() {
         const int T = (vertical ? info.Eria_Height : info.Eria_Width) * s, e0 = e;
         shrinks = L > T;
@@ -126,24 +128,24 @@ class Oracle {
                 const int m = info.FitSpMax_Min * s;
                 e = e0 - over / (n - 1);
                 if (e > m)
-                    return 0.0;
+                    return kNoRatio;
                 e = m;
                 over -= (e0 - m) * (n - 1);
             }
-            return over <= 0 || T + over == 0 ? 0.0 : double(T) / (T + over);
+            return over <= 0 || T + over == 0 ? kNoRatio : double(T) / (T + over);
         }
         if (L == T || info.FitMode != 2)
-            return 0.0;
+            return kNoRatio;
         int gap = T - L;
         if (n > 1) {
             const int m = info.FitSpMax_Max * s;
             e = e0 + gap / (n - 1);
             if (e <= m)
-                return 0.0;
+                return kNoRatio;
             e = m;
             gap -= (m - e0) * (n - 1);
         }
-        return gap <= 0 || T - gap <= 0 ? 0.0 : double(T) / (T - gap);
+        return gap <= 0 || T - gap <= 0 ? kNoRatio : double(T) / (T - gap);
     }
     void Place(BYTE charSet, Line& line) {
         const int v = info.Italic != 0 ? tm.tmAveCharWidth / 2 : 0, along = L / s;
@@ -205,32 +207,30 @@ class Oracle {
 };
 
 tagKVFONTINFO RandomRecord(std::mt19937& random) {
+    using Info = tagKVFONTINFO;
     const auto pick = [&](int low, int high) { return low + int(random() % unsigned(high - low)); };
+    struct {
+        LONG Info::*field;
+        int low, high;
+    } const ranges[] = {{&Info::AspectMode, 0, 2},       {&Info::Size_Height, -4, 24},
+                        {&Info::Size_WidthPer, 40, 180}, {&Info::Dir, 0, 4},
+                        {&Info::FitMode, 0, 3},          {&Info::Space, -5, 9},
+                        {&Info::Weight, 0, 2},           {&Info::Italic, 0, 2},
+                        {&Info::Format, 0, 4},           {&Info::Eria_Width, -5, 260},
+                        {&Info::Eria_Height, -5, 260},   {&Info::FitStrMax_Max, 0, 300},
+                        {&Info::FitStrMax_Min, -30, 90}, {&Info::FitSpMax_Max, -3, 12},
+                        {&Info::FitSpMax_Min, -5, 3},    {&Info::Pos_X, -99, 99},
+                        {&Info::Pos_Y, -99, 99},         {&Info::AddressMode, 0, 2},
+                        {&Info::NextAddress_X, -99, 99}, {&Info::NextAddress_Y, -99, 99}};
     const char* const faces[] = {"ＭＳ ゴシック", "ＭＳ 明朝", "Arial", "IPA P明朝", "Nowhere"};
-    tagKVFONTINFO info{};
+    Info info{};
+    for (const auto& range : ranges) {
+        info.*range.field = pick(range.low, range.high);
+    }
     std::strcpy(info.FontName, KVFromUtf8(faces[pick(0, 5)]));
-    info.AntiScale = info.BwDrawInfo.AntiScale = pick(0, 4) == 0 ? 1 : 4 << pick(0, 3);
-    info.AspectMode = pick(0, 2);
-    info.Size_Height = pick(-4, 24);
-    info.Size_WidthPer = pick(0, 3) == 0 ? 0 : pick(40, 180);
-    info.Dir = pick(0, 4);
-    info.FitMode = pick(0, 3);
-    info.Space = pick(0, 2) == 0 ? 0 : pick(-5, 9);
+    info.AntiScale = pick(0, 4) == 0 ? 1 : 4 << pick(0, 3);
     info.SpPer = pick(0, 2) * pick(0, 300);
-    info.Weight = pick(0, 2);
-    info.Italic = pick(0, 2);
-    info.Format = pick(0, 4);
-    info.Eria_Width = pick(-5, 260);
-    info.Eria_Height = pick(-5, 260);
-    info.FitStrMax_Max = pick(0, 5) == 0 ? -80 : pick(0, 300);
-    info.FitStrMax_Min = pick(0, 5) == 0 ? -80 : pick(0, 120);
-    info.FitSpMax_Max = pick(-3, 12);
-    info.FitSpMax_Min = pick(-5, 3);
-    info.Pos_X = pick(-99, 99);
-    info.Pos_Y = pick(-99, 99);
-    info.AddressMode = pick(0, 2);
-    info.NextAddress_X = pick(-99, 99);
-    info.NextAddress_Y = pick(-99, 99);
+    info.Size_WidthPer *= pick(0, 3) != 0;
     return info;
 }
 
@@ -240,17 +240,12 @@ TEST(Layouts, FollowTheirArithmetic) {
                                  {&CKVFont::NomDispBwBmpV, &CKVFont::FitDispBwBmpV},
                                  {&CKVFont::NomDispBwBmpH, &CKVFont::FitDispBwBmpH2},
                                  {&CKVFont::NomDispBwBmpV2, &CKVFont::FitDispBwBmpV2}};
-    const CString texts[] = {KVFromUtf8("平成25年（冬）。"),
-                             KVFromUtf8("ーっ ｶﾅ ab"),
-                             KVFromUtf8("第12345回 NHK"),
-                             KVFromUtf8("字"),
-                             "x",
-                             "",
-                             "   ",
-                             "ab\x83"};
+    const CString texts[] = {
+        KVFromUtf8("平成25年（冬）。"), KVFromUtf8("ーっ ｶﾅ ab"), "x",   "",
+        KVFromUtf8("第12345回 NHK"),    KVFromUtf8("字"),         "   ", "ab\x83"};
     std::mt19937 random(3);
     int inked = 0;
-    for (int i = 0; i < 600; ++i) {
+    for (int i = 0; i < 800; ++i) {
         tagKVFONTINFO info = RandomRecord(random);
         const char* const text = texts[random() % std::size(texts)];
         SCOPED_TRACE(testing::Message() << i << " Dir " << info.Dir << " FitMode " << info.FitMode);

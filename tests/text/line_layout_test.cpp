@@ -1,13 +1,10 @@
 #include <climits>
 #include <cstring>
 #include <random>
-#include <string>
 
 #include <CDrawText.h>
 #include <KVUtf8.h>
 #include <gtest/gtest.h>
-
-#include "platform/gdi/dc.h"
 
 namespace {
 
@@ -32,83 +29,9 @@ CDrawText Line(const char* face, const char* string) {
     return text;
 }
 
-// A font that is asked for directly, ready to be measured.
-struct Measure {
-    CFont font;
-    CDC dc;
-
-    Measure(const char* face, LONG height, LONG width) {
-        LOGFONTA description{};
-        EXPECT_EQ(CKVFont().GetFontLogfont(nullptr, face, &description), 0);
-        description.lfHeight = height;
-        description.lfWidth = width;
-        description.lfWeight = 400;
-        EXPECT_TRUE(font.CreateFontIndirectA(description));
-        dc.CreateCompatibleDC(nullptr);
-        dc.SelectObject(font);
-    }
-    TEXTMETRICA Metric() {
-        TEXTMETRICA metric{};
-        dc.GetTextMetricsA(&metric);
-        return metric;
-    }
-};
-
-long SetBits(const CKVMonoBitmap& mask) {
-    long count = 0;
-    for (DWORD i = 0; i < mask.Size; ++i) {
-        count += __builtin_popcount(mask.Bits[i]);
-    }
-    return count;
-}
-
 LONG NextX(CDrawText text) {
     LayOut(text);
     return text.GetNextAddress_X();
-}
-
-TEST(HorizontalLine, MaskIsAWholeNumberOfFinalPixels) {
-    for (const LONG scale : {1, 4, 8, 16}) {
-        CDrawText text = Line(kLatin, "Hxg");
-        text.SetSize(33, 100);
-        text.SetAntiScale(scale);
-        const Layout line = LayOut(text);
-        EXPECT_EQ(line.mask.Width % 16, 0);
-        EXPECT_EQ(line.mask.Height, 33 * scale);
-        EXPECT_GT(SetBits(line.mask), 33 * 33 * scale * scale / 20);
-        EXPECT_EQ(line.pos.x, 100);
-        // Length, mask and continuation agree to less than a final pixel and the mask's padding.
-        const LONG advance = text.GetNextAddress_X() - line.pos.x;
-        EXPECT_LE(advance * scale, line.mask.Width);
-        EXPECT_GT((advance + 1) * scale + 15, line.mask.Width - 16);
-    }
-}
-
-TEST(HorizontalLine, BaselineCorrectionSparesJapaneseFaces) {
-    CDrawText japanese = Line(CDrawText().GetFontName(), "A"), latin = Line(kLatin, "A");
-    japanese.SetSize(48, 100);
-    latin.SetSize(48, 100);
-    EXPECT_EQ(LayOut(japanese).pos.y, 200 - 48);
-    const LONG descent = Measure(kLatin, 48 * 16, 0).Metric().tmDescent;
-    EXPECT_EQ(LayOut(latin).pos.y, 200 - 48 + descent / 16 - 2);  // 48 * 0.05 = 2.4
-}
-
-TEST(HorizontalLine, WidthFollowsPercentAndAspect) {
-    const LONG natural = Measure(kLatin, 32 * 16, 0).Metric().tmAveCharWidth;
-    struct {
-        LONG percent, aspect;
-        double factor;
-    } const cases[] = {{100, 1, 1.0}, {100, 0, 1.125}, {0, 0, 1.125}, {50, 1, 0.5}, {200, 0, 2.25}};
-    for (const auto& c : cases) {
-        CDrawText text = Line(kLatin, "mnmnmnmnmnmnmnmnmnmn");
-        text.SetSize(32, c.percent);
-        text.SetAspectMode(c.aspect);
-        const double length = (NextX(text) - 100) * 16.0;
-        Measure asked(kLatin, 32 * 16, static_cast<LONG>((natural * 100 * c.factor + 50) / 100));
-        tagSIZE extent{};
-        asked.dc.GetTextExtentPoint32A(text.GetString(), 20, &extent);
-        EXPECT_NEAR(length, extent.cx, 16.0) << c.percent << ", " << c.aspect;
-    }
 }
 
 // Extra counts once less than there are characters, a negative one twice less.
@@ -126,31 +49,6 @@ TEST(HorizontalLine, SpaceCountsBetweenCharacters) {
     }
 }
 
-TEST(HorizontalLine, BlankRuleMovesBlanksOnly) {
-    CDrawText text = Line(CDrawText().GetFontName(), "a b c");
-    text.SetAspectMode(1);
-    text.SetSize(64, 100);
-    const LONG plain = NextX(text);
-    const LONG average = Measure(text.GetFontName(), 64 * 16, 0).Metric().tmAveCharWidth / 16;
-    for (const LONG percent : {100, 50, 200, 1}) {
-        text.SetSpPer(percent);
-        EXPECT_NEAR(NextX(text) - plain, (percent - 100) / 100.0 * average, 1.0) << percent;
-    }
-}
-
-TEST(HorizontalLine, AlignsInItsArea) {
-    CDrawText text = Line(kLatin, "aligned");
-    const LONG length = NextX(text) - 100;
-    for (const LONG area : {0, 101, 300}) {
-        text.SetEria(area, 7);
-        text.SetFormat(1);
-        EXPECT_EQ(LayOut(text).pos.x, 100 + area - length);
-        text.SetFormat(2);
-        EXPECT_EQ(LayOut(text).pos.x, 100 + area / 2 - length / 2);
-        EXPECT_EQ(text.GetNextAddress_X(), 100 + area / 2 - length / 2 + length);
-    }
-}
-
 TEST(HorizontalLine, ContinuesWhereTheLastPieceEnded) {
     CDrawText text = Line(kLatin, "one");
     text.SetAddressMode(1);
@@ -163,17 +61,6 @@ TEST(HorizontalLine, ContinuesWhereTheLastPieceEnded) {
     const Layout second = LayOut(text);
     EXPECT_EQ(second.pos.x, next);
     EXPECT_EQ(second.pos.y, first.pos.y + 110);
-}
-
-TEST(HorizontalLine, ItalicWidensTheMaskOnly) {
-    CDrawText text = Line(CDrawText().GetFontName(), KVFromUtf8("斜"));
-    text.SetSize(64, 100);
-    const Layout upright = LayOut(text);
-    const CPoint next = text.GetNextAddress();
-    text.SetItalic(1);
-    const Layout slanted = LayOut(text);
-    EXPECT_EQ(text.GetNextAddress(), next);
-    EXPECT_GT(slanted.mask.Width, upright.mask.Width);
 }
 
 TEST(HorizontalLine, EmptyTextAndUnknownScaleGiveNoMask) {
@@ -237,8 +124,12 @@ TEST(FontFbDisp, HostileRecordsDoNoHarm) {
                             &info.AddressMode, &info.Italic, &info.Weight}) {
             *field = anything[random() % std::size(anything)];
         }
-        info.Size_WidthPer = small[random() % std::size(small)];
-        info.Space = small[random() % std::size(small)];
+        for (LONG* field : {&info.Size_WidthPer, &info.Space, &info.FitStrMax_Max,
+                            &info.FitStrMax_Min, &info.FitSpMax_Max, &info.FitSpMax_Min}) {
+            *field = small[random() % std::size(small)];
+        }
+        info.Dir = static_cast<LONG>(random() % 4);
+        info.FitMode = static_cast<LONG>(random() % 3);
         info.Size_Height = heights[random() % std::size(heights)];
         text.SetAntiScale(static_cast<LONG>(random() % 17));
         if (i % 3 != 0) {  // no end to the name, nor a face to it
