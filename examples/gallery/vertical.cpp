@@ -144,11 +144,11 @@ static void FittedColumns(CKVFrameBuffer& picture) {
         for (const char* const words :
              {"第7回", "平成25年、春", "長い文字列も箱の高さに合わせる12月"}) {
             line.SetString(KVFromUtf8(words));
-            line.SetSize(36, 89);
+            line.SetSize(36, 100);
             line.SetPos(column, 30);
             line.SetEria(0, 360);
             line.DrawFrame(nullptr, &picture);
-            DrawArea(picture, column - 2, 30, 40, 360);
+            DrawArea(picture, column - 2, 30, 44, 360);
             column -= 100;
         }
         column -= 20;
