@@ -32,4 +32,10 @@ CpuLevel ActiveCpuLevel();
 /// Forces a level, for tests and benchmarks; a level above the detected one is cut to it.
 void ForceCpuLevel(CpuLevel level);
 
+/// The kernel for the level in force.
+template <class Kernel>
+Kernel* ForLevel(Kernel* plain, Kernel* avx2) {
+    return ActiveCpuLevel() == CpuLevel::kAvx2 ? avx2 : plain;
+}
+
 }  // namespace kv

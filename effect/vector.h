@@ -79,10 +79,4 @@ KV_FORCE_INLINE void Interleave(const Words& low, const Words& high, Words& firs
     }
 }
 
-/// The kernel for the level in force.
-template <class Kernel>
-Kernel* ForLevel(Kernel* plain, Kernel* avx2) {
-    return ActiveCpuLevel() == CpuLevel::kAvx2 ? avx2 : plain;
-}
-
 }  // namespace kv

@@ -55,12 +55,20 @@ void Drawing::ClearRect(std::int64_t left, std::int64_t top, std::int64_t right,
 void Drawing::ReadCoverage(std::int32_t scale, std::int32_t columns, std::uint8_t* coverage,
                            std::size_t stride) const {
     const std::int32_t blocks = m_Height / scale;
-    std::vector<Cursor> cursors(m_Areas.size());
-    for (std::size_t i = 0; i < m_Areas.size(); ++i) {
-        cursors[i].converter.Start(m_Areas[i].contours, m_Areas[i].rule,
-                                   {0, 0, m_Width, blocks * scale});
-        cursors[i].value = m_Areas[i].value;
-        cursors[i].Step();
+    std::vector<Cursor> cursors;
+    cursors.reserve(m_Areas.size());
+    const Area* last = nullptr;
+    for (const Area& area : m_Areas) {
+        // A stroke over the fill of its shape goes with it.
+        if (last == nullptr || last->value != area.value || area.rule != FillRule::kWinding) {
+            cursors.emplace_back().converter.Start({0, 0, m_Width, blocks * scale});
+            cursors.back().value = area.value;
+        }
+        cursors.back().converter.Add(area.contours, area.rule);
+        last = &area;
+    }
+    for (Cursor& cursor : cursors) {
+        cursor.Step();
     }
     BlockCounter counter(scale, columns);
     RunSet set;

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include "base/cpu.h"
 #include "tests/platform/raster_check.h"
 
 namespace kv::gdi {
@@ -94,7 +95,11 @@ TEST(ScanConverterTest, ManyLongSidesFromOneRowAreSortedAndStayTrue) {
     }
     const Clip clip{0, 0, 64, 400};
     for (const FillRule rule : kRules) {
-        EXPECT_EQ(Draw(comb, rule, clip), Expected(comb, rule, clip));
+        const Rows expected = Expected(comb, rule, clip);
+        for (const CpuLevel level : {CpuLevel::kBaseline, CpuLevel::kAvx2}) {
+            ForceCpuLevel(level);
+            EXPECT_EQ(Draw(comb, rule, clip), expected);
+        }
     }
 }
 
