@@ -38,15 +38,17 @@ void DrawEllipse(CDC& dc, const Figure& figure) {
 // true angle on a flattened ellipse too.
 void DrawPie(CDC& dc, const Figure& figure) {
     const auto [a, b] = std::pair(figure.points[0], figure.points[1]);
-    const LONG rx = (b.x - a.x) / 2;
-    const LONG ry = (b.y - a.y) / 2;
-    const tagPOINT start = RadialOffset(figure.startDegree, rx);
-    const tagPOINT end = RadialOffset(figure.endDegree, rx);
-    const LONG centreX = rx + figure.pad;
-    const LONG centreY = ry + figure.pad;
+    const std::int64_t rx = (std::int64_t{b.x} - a.x) / 2;
+    const std::int64_t ry = (std::int64_t{b.y} - a.y) / 2;
+    const auto radial = [&](double degree) -> tagPOINT {
+        const tagPOINT offset = RadialOffset(degree, SaturateToInt32(rx));
+        return {SaturateToInt32(offset.x + rx + figure.pad),
+                SaturateToInt32(offset.y + ry + figure.pad)};
+    };
+    const tagPOINT start = radial(figure.startDegree);
+    const tagPOINT end = radial(figure.endDegree);
     dc.SetArcDirection(AD_CLOCKWISE);
-    dc.Pie(a.x, a.y, b.x, b.y, start.x + centreX, start.y + centreY, end.x + centreX,
-           end.y + centreY);
+    dc.Pie(a.x, a.y, b.x, b.y, start.x, start.y, end.x, end.y);
 }
 
 void DrawPolygon(CDC& dc, const Figure& figure) {

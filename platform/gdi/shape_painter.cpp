@@ -71,12 +71,12 @@ void ShapePainter::Fill(const Figure& figure) {
 }
 
 template <typename Figure>
-void ShapePainter::Stroke(const Figure& figure) {
-    if (m_Pen.IsNull()) {
+void ShapePainter::Stroke(const CPen& pen, const Figure& figure) {
+    if (pen.IsNull()) {
         return;
     }
-    Area area{{}, FillRule::kWinding, m_Pen.m_Colour != 0};
-    Stroker path(Geometric(m_Pen), area.contours);
+    Area area{{}, FillRule::kWinding, pen.m_Colour != 0};
+    Stroker path(Geometric(pen), area.contours);
     figure(path);
     m_Sink.Paint(std::move(area));
 }
@@ -84,11 +84,11 @@ void ShapePainter::Stroke(const Figure& figure) {
 template <typename Figure>
 void ShapePainter::FillAndStroke(const Figure& figure) {
     Fill(figure);
-    Stroke(figure);
+    Stroke(m_Pen, figure);
 }
 
 void ShapePainter::Lines(const tagPOINT* points, int count) {
-    Stroke([&](Stroker& path) {
+    Stroke(m_Pen, [&](Stroker& path) {
         path.MoveTo(Centre(points[0]));
         for (int i = 1; i < count; ++i) {
             path.LineTo(Centre(points[i]));
@@ -134,11 +134,16 @@ void ShapePainter::RoundRect(const ShapeBox& box, LONG width, LONG height) {
 
 void ShapePainter::Ellipse(const ShapeBox& box) {
     const PathBox at(box);
-    FillAndStroke([&](auto& path) {
+    const auto figure = [&](auto& path) {
         path.MoveTo({at.right, at.Middle().y});
         path.ArcTo({at.Middle(), at.Radii(), 0.0, kFullTurn});
         path.Close();
-    });
+    };
+    // It has no corner to mitre, not even where it begins when it is flat.
+    CPen pen = m_Pen;
+    pen.m_Style &= ~PS_JOIN_MASK;
+    Fill(figure);
+    Stroke(pen, figure);
 }
 
 void ShapePainter::Pie(const ShapeBox& box, tagPOINT start, tagPOINT end) {
@@ -174,7 +179,7 @@ void ShapePainter::Polygon(const tagPOINT* points, int count) {
 }
 
 void ShapePainter::PolyBezier(const tagPOINT* points, int count) {
-    Stroke([&](Stroker& path) {
+    Stroke(m_Pen, [&](Stroker& path) {
         path.MoveTo(Centre(points[0]));
         for (int i = 1; i + 2 < count; i += 3) {
             path.CubicTo(Centre(points[i]), Centre(points[i + 1]), Centre(points[i + 2]));

@@ -40,7 +40,7 @@ class ShapePainter {
     template <typename Figure>
     void Fill(const Figure& figure);
     template <typename Figure>
-    void Stroke(const Figure& figure);
+    void Stroke(const CPen& pen, const Figure& figure);
     template <typename Figure>
     void FillAndStroke(const Figure& figure);
 

@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 
 #include "shape/enlarged_shape.h"
+#include "tests/platform/raster_check.h"
 
 namespace {
 
@@ -102,37 +103,21 @@ TEST(ShapeMask, StraightShapesAreExact) {
     }
 }
 
-// A shape's true outline as a chain of points so dense that distances to it are as good as exact.
+// A shape's true outline, its curves as chains too dense to matter.
 struct Outline {
-    std::vector<std::pair<double, double>> points;
+    std::vector<kv::gdi::PathPoint> points;
 
-    void LineTo(double x, double y) {
-        const auto [x0, y0] = points.empty() ? std::pair(x, y) : points.back();
-        for (int i = 1; i <= 4000; ++i) {
-            points.emplace_back(x0 + (x - x0) * i / 4000.0, y0 + (y - y0) * i / 4000.0);
-        }
-    }
     void Arc(double cx, double cy, double rx, double ry, double from, double to) {
-        for (int i = 0; i < 8000; ++i) {
-            const double a = from + (to - from) * i / 8000.0;
-            points.emplace_back(cx + rx * std::cos(a), cy + ry * std::sin(a));
+        for (int i = 0; i <= 500; ++i) {
+            const double a = from + (to - from) * i / 500.0;
+            points.push_back({cx + rx * std::cos(a), cy + ry * std::sin(a)});
         }
-    }
-    double Distance(double x, double y) const {
-        double least = 1e30;
-        for (const auto& [px, py] : points) {
-            least = std::min(least, (px - x) * (px - x) + (py - y) * (py - y));
-        }
-        return std::sqrt(least);
     }
     bool Inside(double x, double y) const {
         bool inside = false;
-        for (std::size_t i = 0, j = points.size() - 1; i < points.size(); j = i++) {
-            const auto [xi, yi] = points[i];
-            const auto [xj, yj] = points[j];
-            if ((yi > y) != (yj > y) && x < (xj - xi) * (y - yi) / (yj - yi) + xi) {
-                inside = !inside;
-            }
+        for (std::size_t i = 1; i < points.size(); ++i) {
+            const auto [a, b] = std::pair(points[i - 1], points[i]);
+            inside ^= (a.y > y) != (b.y > y) && x < (b.x - a.x) * (y - a.y) / (b.y - a.y) + a.x;
         }
         return inside;
     }
@@ -149,7 +134,7 @@ void CheckRound(const char* what, CDrawGraph shape, Draw draw, const Outline& ou
         for (int i = 0; i < 600; ++i) {
             const auto x = static_cast<LONG>(random() % static_cast<unsigned>(mask.bits.Width));
             const auto y = static_cast<LONG>(random() % static_cast<unsigned>(mask.bits.Height));
-            const double distance = outline.Distance(x + 0.5, y + 0.5);
+            const double distance = kv::gdi::Distance(outline.points, {x + 0.5, y + 0.5});
             if (std::abs(distance - half) <= 1.0) {
                 continue;
             }
@@ -186,32 +171,28 @@ TEST(ShapeMask, CurvesLieWhereGeometryHasThem) {
             const double from = kPi + corner * kPi / 2;
             const double x = cx + (corner % 3 == 0 ? 80 - rx : rx - 80);
             const double y = cy + (corner < 2 ? 40 - ry : ry - 40);
-            round.LineTo(x + 80 * std::cos(from), y + 40 * std::sin(from));
             round.Arc(x, y, 80, 40, from, from + kPi / 2);
         }
-        round.LineTo(round.points[0].first, round.points[0].second);
+        round.points.push_back(round.points[0]);
         CheckRound("rounded rectangle", shape, &CDrawGraph::DispBwBmp_RoundRect, round, true);
 
         // From 12 o'clock to a true 45 degrees right of 6 o'clock, on a flattened ellipse.
         shape.SetPie(&wide, 0, 135);
         const double end = std::atan2(rx, ry);
-        Outline pie;
-        pie.LineTo(cx, cy);
-        pie.LineTo(cx, cy - ry);
+        Outline pie{{{cx, cy}}};
         pie.Arc(cx, cy, rx, ry, -0.5 * kPi, end);
-        pie.LineTo(cx, cy);
+        pie.points.push_back({cx, cy});
         CheckRound("wedge", shape, &CDrawGraph::DispBwBmp_Pie, pie, true);
 
         const tagPOINT bent[] = {{10, 10}, {110, 40}, {10, 40}, {110, 10}};
         shape.SetSpline(bent, 4);
         Outline spline;
-        for (int i = 0; i < 8000; ++i) {
-            const double t = i / 8000.0;
-            const double b[] = {(1 - t) * (1 - t) * (1 - t), 3 * t * (1 - t) * (1 - t),
-                                3 * t * t * (1 - t), t * t * t};
-            const double x = 800 * (b[1] + b[3]) + pad + 0.5;
-            const double y = 240 * (b[1] + b[2]) + pad + 0.5;
-            spline.points.emplace_back(x, y);
+        for (int i = 0; i <= 500; ++i) {
+            const double t = i / 500.0;
+            const double first = 3 * t * (1 - t) * (1 - t);  // the weights of the points
+            const double second = 3 * t * t * (1 - t);
+            spline.points.push_back(
+                {800 * (first + t * t * t) + pad + 0.5, 240 * (first + second) + pad + 0.5});
         }
         CheckRound("looping spline", shape, &CDrawGraph::DispBwBmp_Spline, spline, false);
     }
@@ -246,7 +227,17 @@ TEST(ShapeMask, DegenerateShapes) {
     EXPECT_EQ(DrawMask(shape, &CDrawGraph::DispBwBmp_PolyLine).Area(), 0.0);
     shape.SetLine(one, one);
     EXPECT_NEAR(DrawMask(shape, &CDrawGraph::DispBwBmp_Line).Area() / (32 * 32 * 3.14159), 1, 0.01);
-    shape.SetPenType(1);
+    for (const tagRECT& flat : {tagRECT{10, 10, 30, 10}, tagRECT{10, 10, 10, 30}}) {
+        shape.SetPie(&flat, 0, 0);  // and the pie of equal angles
+        for (const Draw draw : {&CDrawGraph::DispBwBmp_Ellipse, &CDrawGraph::DispBwBmp_Pie}) {
+            shape.SetPenType(0);
+            const double round = DrawMask(shape, draw).Area();
+            EXPECT_NEAR(round, 319 * 64 + 32 * 32 * 3.14159, 70);
+            shape.SetPenType(1);
+            EXPECT_EQ(DrawMask(shape, draw).Area(), round);
+        }
+    }
+    shape.SetLine(one, one);
     EXPECT_EQ(DrawMask(shape, &CDrawGraph::DispBwBmp_Line).Area(), 0.0);
     const tagPOINT five[] = {{0, 0}, {5, 5}, {9, 2}, {12, 4}, {20, 9}};
     shape.SetSpline(five, 5);
@@ -287,6 +278,14 @@ TEST(ShapeMask, SizesBeyondReasonGiveNoMask) {
         CKVFrameBuffer fb(8, 8, 1);
         EXPECT_EQ(shape.DrawFrame(&fb), 0);
     }
+    // Negative pens may leave a small mask in the middle of a shape that is not: here the corner of
+    // the wedge from 3 to 6 o'clock.
+    CDrawGraph shape;
+    const tagRECT square{0, 0, 1 << 28, 1 << 28};
+    shape.SetPie(&square, 90, 180);
+    shape.SetFillMode(1);
+    shape.SetPenSize(-(1 << 28));
+    EXPECT_EQ(DrawMask(shape, &CDrawGraph::DispBwBmp_Pie).Area(), 18 * 18);
 }
 
 TEST(ShapeMask, DrawFrameStoresThePlaceAndTheArea) {
