@@ -39,23 +39,8 @@ CDrawGraph::CDrawGraph() {
     SetDefault();
 }
 
-CDrawGraph::CDrawGraph(const CDrawGraph& other)
-    : CObject(),
-      KVEffectAccess<CDrawGraph>(other),
-      KVTextureAccess<CDrawGraph>(other),
-      m_GraphType(other.m_GraphType),
-      m_FillMode(other.m_FillMode),
-      m_PenSize(other.m_PenSize),
-      m_PenType(other.m_PenType),
-      m_Point(other.m_Point),
-      m_DegStart(other.m_DegStart),
-      m_DegEnd(other.m_DegEnd),
-      m_Info(other.m_Info),
-      m_BodyFile(other.m_BodyFile),
-      m_EdgeFile(other.m_EdgeFile),
-      m_ShadFile(other.m_ShadFile),
-      m_DispEria(other.m_DispEria) {
-    ConnectAll();
+CDrawGraph::CDrawGraph(const CDrawGraph& other) : CDrawGraph() {
+    *this = other;
 }
 
 CDrawGraph& CDrawGraph::operator=(const CDrawGraph& other) {
