@@ -5,6 +5,8 @@
 #include <CDrawGraph.h>
 #include <CKVFrameBuffer.h>
 
+#include "tests/fuzz/drawing_bounds.h"
+
 namespace {
 
 // Reads values off the input; zeros behind its end.
@@ -28,26 +30,6 @@ class Input {
     const std::uint8_t* m_Data;
     std::size_t m_Left;
 };
-
-// Large masks only cost time; they are left out here, and only here. Those beyond 32 bits stay in.
-bool IsTooLarge(const CDrawGraph& shape) {
-    std::int64_t low[2] = {INT32_MAX, INT32_MAX};
-    std::int64_t high[2] = {INT32_MIN, INT32_MIN};
-    for (int i = 0; i < shape.GetSize(); ++i) {
-        const tagPOINT p = shape.GetAt(i);
-        const std::int64_t xy[2] = {p.x, p.y};
-        for (int axis = 0; axis < 2; ++axis) {
-            low[axis] = std::min(low[axis], xy[axis]);
-            high[axis] = std::max(high[axis], xy[axis]);
-        }
-    }
-    const double scale = shape.GetAntiScale();
-    const double pen = shape.GetPenSize() + 2.0;
-    const double width = (static_cast<double>(high[0] - low[0]) + pen) * scale;
-    const double height = (static_cast<double>(high[1] - low[1]) + pen) * scale;
-    const double bits = width * height;
-    return bits > 4e6 && bits < 4e10;
-}
 
 }  // namespace
 

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+
+#include <CDrawGraph.h>
+#include <CDrawText.h>
+
+// What would only ask for much memory and time is brought down or left out here, and only here.
+
+inline void Bound(LONG& value, LONG limit) {
+    if (value > limit || value < -limit) {
+        value %= limit + 1;
+    }
+}
+
+inline void BoundEffect(tagKVBWDRAWINFO& effect) {
+    Bound(effect.EdgeType_Size, 40);
+    Bound(effect.ShadType_Size, 200);
+    Bound(effect.ShadType_SoftSize, 40);
+}
+
+inline void BoundSizes(tagKVFONTINFO& info) {
+    Bound(info.Size_Height, 40);
+    Bound(info.Size_WidthPer, 400);
+    Bound(info.Space, 60);
+    Bound(info.SpPer, 2000);
+    Bound(info.FitStrMax_Max, 400);
+    Bound(info.FitStrMax_Min, 400);
+    Bound(info.FitSpMax_Max, 60);
+    Bound(info.FitSpMax_Min, 60);
+    BoundEffect(info.BwDrawInfo);
+    if (info.Dir == 3 && info.FitMode != 0) {
+        // No bound holds this form's width: a line of next to no length would become a giant.
+        Bound(info.Eria_Height, 400);
+        const LONG least = -std::abs(info.Size_Height) / 4;
+        info.Space = std::max(info.Space, least);
+        info.FitSpMax_Min = std::max(info.FitSpMax_Min, least);
+    }
+}
+
+// Large masks only cost time; they are left out here, and only here. Those beyond 32 bits stay in.
+inline bool IsTooLarge(const CDrawGraph& shape) {
+    std::int64_t low[2] = {INT32_MAX, INT32_MAX};
+    std::int64_t high[2] = {INT32_MIN, INT32_MIN};
+    for (int i = 0; i < shape.GetSize(); ++i) {
+        const tagPOINT p = shape.GetAt(i);
+        const std::int64_t xy[2] = {p.x, p.y};
+        for (int axis = 0; axis < 2; ++axis) {
+            low[axis] = std::min(low[axis], xy[axis]);
+            high[axis] = std::max(high[axis], xy[axis]);
+        }
+    }
+    const double scale = shape.GetAntiScale();
+    const double pen = shape.GetPenSize() + 2.0;
+    const double width = (static_cast<double>(high[0] - low[0]) + pen) * scale;
+    const double height = (static_cast<double>(high[1] - low[1]) + pen) * scale;
+    const double bits = width * height;
+    return bits > 4e6 && bits < 4e10;
+}
