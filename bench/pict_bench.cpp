@@ -8,29 +8,15 @@
 #include <CKVPictImage.h>
 #include <benchmark/benchmark.h>
 
+#include "bench/title_picture.h"
+#include "tests/codec/pict_plain.h"
 #include "tests/support/memory_file.h"
 
 namespace {
 
-constexpr LONG kWidth = 1920;
-constexpr LONG kHeight = 1080;
-constexpr std::size_t kFrameBytes = std::size_t{kWidth} * kHeight * 4;
 constexpr std::size_t kHeadBytes = 622;
 
 enum Kind : std::int64_t { kTitle, kNoise, kFlat, kPairs };
-
-// A title over a picture: in turn flat stretches, short stretches and single pixels.
-void FillTitle(DWORD* pixels, std::mt19937& random) {
-    for (std::size_t i = 0, left = 0; i < kFrameBytes / 4; ++i, --left) {
-        if (left == 0) {
-            left = std::size_t{1} << (random() % 9);
-            pixels[i] = static_cast<DWORD>(random());
-        } else {
-            const bool flat = (i / kWidth) % 4 != 0;
-            pixels[i] = flat ? pixels[i - 1] : pixels[i - 1] + 0x010101;
-        }
-    }
-}
 
 const CKVFrameBuffer& Picture(std::int64_t kind) {
     static const std::vector<CKVFrameBuffer*> pictures = [] {
@@ -39,10 +25,10 @@ const CKVFrameBuffer& Picture(std::int64_t kind) {
             static CKVFrameBuffer frames[4];
             CKVFrameBuffer& fb = frames[each];
             fb.CreateFrameBuffer(kWidth, kHeight, 1);
-            std::mt19937 random(1);
+            std::mt19937 random(2);
             DWORD* pixels = fb.GetBufferDWord();
             if (each == kTitle) {
-                FillTitle(pixels, random);
+                FillTitle(pixels);
             } else if (each != kFlat) {
                 for (std::size_t i = 0; i < kFrameBytes / 4; ++i) {
                     pixels[i] =
@@ -144,31 +130,6 @@ void Encode(benchmark::State& state) {
 }
 BENCHMARK(Encode)->Apply(Kinds);
 
-std::size_t PlainPacket(const BYTE* p, std::size_t remaining) {
-    const bool isRun = p[0] == p[1];
-    std::size_t i = 1;
-    while (i < remaining && i < 127 && (p[i] == p[i + 1]) == isRun) {
-        ++i;
-    }
-    if (i == remaining || i == 127 || isRun) {
-        return i + (i < remaining && i < 127 ? 1 : 0);
-    }
-    std::size_t extra = 0;
-    std::size_t same = 0;
-    for (std::size_t j = 0; j < remaining && extra + i < 127; ++j) {
-        if (p[j] == p[j + 1]) {
-            ++same;
-        } else {
-            extra += same;
-            same = 0;
-        }
-        if (same > 3) {
-            return i + extra;
-        }
-    }
-    return i;
-}
-
 // The packets alone, of one row in 16.
 void PlainPackets(benchmark::State& state) {
     std::vector<BYTE> row(std::size_t{kWidth} * 4 + 1);
@@ -178,9 +139,9 @@ void PlainPackets(benchmark::State& state) {
             for (std::size_t i = 0; i < kWidth * 4; ++i) {
                 row[kWidth * (3 - i % 4) + i / 4] = pixels[i];
             }
-            std::size_t at = 0;
-            while (at + 1 < row.size()) {
-                at += PlainPacket(row.data() + at, row.size() - 1 - at);
+            LONG at = 0;
+            for (LONG isRun = 0; at < kWidth * 4;) {
+                at += pict::PlainCheck(row.data() + at, kWidth * 4 - at, &isRun);
             }
             benchmark::DoNotOptimize(at);
         }

@@ -3,19 +3,15 @@
 // decoder.
 
 #include <cstring>
-#include <random>
 
 #include <CKVTargaImage.h>
 #include <benchmark/benchmark.h>
 #include <platform/sync.h>
 
+#include "bench/title_picture.h"
 #include "tests/support/memory_file.h"
 
 namespace {
-
-constexpr LONG kWidth = 1920;
-constexpr LONG kHeight = 1080;
-constexpr std::size_t kFrameBytes = std::size_t{kWidth} * kHeight * 4;
 
 class Codec : public CKVTargaImage {
   public:
@@ -26,21 +22,10 @@ class Codec : public CKVTargaImage {
     using CKVTargaImage::ImgConv_UnComp32;
 };
 
-// A title over a picture: in turn flat stretches, short stretches and single pixels.
 const CKVFrameBuffer& Picture() {
     static const CKVFrameBuffer picture = [] {
         CKVFrameBuffer fb(kWidth, kHeight, 1);
-        std::mt19937 random(1);
-        DWORD* pixels = fb.GetBufferDWord();
-        for (std::size_t i = 0, left = 0; i < kFrameBytes / 4; ++i, --left) {
-            if (left == 0) {
-                left = std::size_t{1} << (random() % 9);
-                pixels[i] = static_cast<DWORD>(random());
-            } else {
-                const bool flat = (i / kWidth) % 4 != 0;
-                pixels[i] = flat ? pixels[i - 1] : pixels[i - 1] + 0x010101;
-            }
-        }
+        FillTitle(fb.GetBufferDWord());
         return fb;
     }();
     return picture;

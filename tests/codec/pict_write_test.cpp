@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "tests/codec/pict_plain.h"
 #include "tests/codec/pict_support.h"
 
 namespace {
@@ -8,6 +9,7 @@ namespace {
 using pict::Bytes;
 using pict::Joined;
 using pict::Pixels;
+using pict::PlainCheck;
 using pict::Words;
 
 constexpr std::size_t kRowsAt = 622;
@@ -37,41 +39,6 @@ TEST(PictWrite, FileToTheByte) {
     EXPECT_EQ(pictures::Cut(wide, 512, 522),
               Words({static_cast<unsigned int>(wide.size() % 65536), 0, 0, 300, 8191}));
     EXPECT_EQ(pictures::Cut(wide, 558, 560), Words({0xFFFC}));
-}
-
-// The decision as it is defined, which looks ahead through the row for each packet.
-int PlainCheck(const BYTE* p, LONG remaining, LONG* isRun) {
-    *isRun = p[0] == p[1] ? 1 : 0;
-    int count = 1;
-    for (LONG i = 1; i < remaining; ++i, ++count) {
-        if (i >= 127) {
-            return count;
-        }
-        if ((p[i] == p[i + 1]) == (*isRun == 1)) {
-            continue;
-        }
-        if (*isRun == 1 || remaining <= 2) {
-            return count + 1;
-        }
-        int extra = 0;
-        int same = 0;
-        for (LONG j = 0; j < remaining; ++j) {
-            if (extra + count >= 127) {
-                return count;
-            }
-            if (p[j] == p[j + 1]) {
-                ++same;
-            } else {
-                extra += same;
-                same = 0;
-            }
-            if (same > 3) {
-                return count + extra;
-            }
-        }
-        return count;
-    }
-    return count;
 }
 
 // A row in packets, by the plain decision; the byte behind the row counts as 0.
@@ -123,7 +90,7 @@ Bytes PlainRows(const CKVFrameBuffer& fb) {
     const auto width = static_cast<std::size_t>(fb.m_Width);
     for (std::size_t y = 0; y < fb.GetHeight(); ++y) {
         Bytes row;
-        for (const std::size_t channel : {3, 2, 1, 0}) {
+        for (const std::size_t channel : {3U, 2U, 1U, 0U}) {
             for (std::size_t x = 0; x < width; ++x) {
                 row.push_back(fb.m_BufferByte[(y * width + x) * 4 + channel]);
             }
