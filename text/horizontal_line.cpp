@@ -6,7 +6,7 @@ namespace kv::text {
 
 void HorizontalLine::DescribeFont() {
     LookUpFace(m_Font);
-    SetCommonFont(m_Font);
+    SetFontSize();
 }
 
 void HorizontalLine::WidenFont() {

@@ -50,7 +50,7 @@ void LineLayout::Run(CKVMonoBitmap& mask, tagPOINT& pos) {
         FitToArea(measured);
     }
     const CPoint placed = Place(StartPoint());
-    // A fitted line fills its area: what follows begins behind that, wherever the line stands.
+    // What follows a fitted line begins its length behind the anchor, wherever the line stands.
     const CPoint next =
         Continuation(m_Fit != nullptr ? CPoint(m_Info.Pos_X, m_Info.Pos_Y) : placed);
     m_Info.NextAddress_X = next.x;
@@ -68,12 +68,12 @@ void LineLayout::LookUpFace(LOGFONTA& description) const {
     CKVFont().GetFontLogfont(m_Window, asked.lfFaceName, &description);
 }
 
-void LineLayout::SetCommonFont(LOGFONTA& description) const {
-    description.lfHeight = SaturateToInt32(std::int64_t{m_Info.Size_Height} * Scale());
-    description.lfWidth = 0;
-    description.lfOrientation = 0;
-    description.lfWeight = m_Info.Weight != 0 ? 700 : 400;
-    description.lfItalic = static_cast<BYTE>(m_Info.Italic);
+void LineLayout::SetFontSize() {
+    m_Font.lfHeight = SaturateToInt32(std::int64_t{m_Info.Size_Height} * Scale());
+    m_Font.lfWidth = 0;
+    m_Font.lfOrientation = 0;
+    m_Font.lfWeight = m_Info.Weight != 0 ? 700 : 400;
+    m_Font.lfItalic = static_cast<BYTE>(m_Info.Italic);
 }
 
 LONG LineLayout::WidthPercent() const {

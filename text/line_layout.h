@@ -60,8 +60,8 @@ class LineLayout {
     double AspectFactor() const { return m_Info.AspectMode == 0 ? kWidened : 1.0; }
     /// Finds the record's family.
     void LookUpFace(LOGFONTA& description) const;
-    /// Sets the fields that all forms set alike; height in enlarged pixels.
-    void SetCommonFont(LOGFONTA& description) const;
+    /// Sets what all forms ask of the line's font alike.
+    void SetFontSize();
     /// The shift of the line along its area, by the record's Format.
     LONG AlignShift() const;
     /// The shift across the line that brings Latin faces to the baseline of Japanese ones.

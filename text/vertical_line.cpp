@@ -23,7 +23,7 @@ void VerticalLine::DescribeFont() {
             CKVFont().GetFontLogfont(m_Window, name.c_str(), &m_Font);
         }
     }
-    SetCommonFont(m_Font);
+    SetFontSize();
     m_Font.lfEscapement = kDownward;
 }
 

@@ -1,8 +1,22 @@
 // Text: vertical lines, and lines fitted to an area.
 
+#include <initializer_list>
+
 #include "entry.h"
 
 namespace gallery {
+
+// Draws texts as columns from right to left. The place of the next one.
+static LONG DrawColumns(CKVFrameBuffer& picture, CDrawText& line, LONG x, LONG step,
+                        std::initializer_list<const char*> columns) {
+    for (const char* const words : columns) {
+        line.SetString(KVFromUtf8(words));
+        line.SetPos(x, 16);
+        line.DrawFrame(nullptr, &picture);
+        x -= step;
+    }
+    return x;
+}
 
 static void VerticalPoem(CKVFrameBuffer& picture) {
     Sky(picture, 720, 480);
@@ -12,78 +26,53 @@ static void VerticalPoem(CKVFrameBuffer& picture) {
     line.SetSize(36, 89);
     line.SetShadType(2, 2, 4, 0);
     line.SetShadCol(0xA0000000);
-    const char* const lines[] = {"春はあけぼの。", "やうやう白くなりゆく山ぎは、",
-                                 "すこしあかりて、", "紫だちたる雲の", "ほそくたなびきたる。"};
-    LONG column = 600;
-    for (const char* const words : lines) {
-        line.SetString(KVFromUtf8(words));
-        line.SetPos(column, 24);
-        line.DrawFrame(nullptr, &picture);
-        column -= 64;
-    }
+    const LONG x = DrawColumns(picture, line, 600, 64,
+                               {"春はあけぼの。", "やうやう白くなりゆく山ぎは、",
+                                "すこしあかりて、", "紫だちたる雲の", "ほそくたなびきたる。"});
     line.SetSize(22, 89);
     line.SetFormat(1);  // at the lower end of its area
-    line.SetEria(0, 432);
-    line.SetString(KVFromUtf8("『枕草子』より"));
-    line.SetPos(column, 24);
-    line.DrawFrame(nullptr, &picture);
+    line.SetEria(0, 440);
+    DrawColumns(picture, line, x, 0, {"『枕草子』より"});
 }
 
 static void VerticalMarks(CKVFrameBuffer& picture) {
-    Sky(picture, 720, 540);
+    Sky(picture, 720, 520);
     CDrawText line;
     line.SetDir(1);
     line.SetSize(44, 89);
-    const char* const faces[] = {"ＭＳ ゴシック", "ＭＳ 明朝"};
-    const char* const lines[] = {"「きゃっ、ホームラン！」", "（あーいう）——はい…。",
-                                 "【東京・大阪】〜ァィゥ"};
-    LONG column = 640;
-    for (const char* const face : faces) {
+    LONG x = 640;
+    for (const char* const face : {"ＭＳ ゴシック", "ＭＳ 明朝"}) {
         line.SetFontName(KVFromUtf8(face));
-        for (const char* const words : lines) {
-            line.SetString(KVFromUtf8(words));
-            line.SetPos(column, 16);
-            line.DrawFrame(nullptr, &picture);
-            column -= 76;
-        }
-        column -= 100;
+        x = DrawColumns(
+            picture, line, x, 76,
+            {"「きゃっ、ホームラン！」", "（あーいう）——はい…。", "【東京・大阪】〜ァィゥ"});
+        x -= 100;
     }
 }
 
 static void UprightNumbers(CKVFrameBuffer& picture) {
-    Sky(picture, 720, 460);
+    Sky(picture, 720, 330);
     CDrawText line;
     line.SetSize(40, 89);
-    LONG column = 640;
+    LONG x = 640;
     for (const LONG dir : {3, 1}) {  // each run upright in one cell; all of them on their side
         line.SetDir(dir);
-        for (const char* const words : {"平成25年12月3日", "第5回 NHK杯", "午後7時45分～"}) {
-            line.SetString(KVFromUtf8(words));
-            line.SetPos(column, 16);
-            line.DrawFrame(nullptr, &picture);
-            column -= 90;
-        }
-        column -= 70;
+        x = DrawColumns(picture, line, x, 90, {"平成25年12月3日", "第5回 NHK杯", "午後7時45分～"});
+        x -= 70;
     }
 }
 
 static void SqueezedRuns(CKVFrameBuffer& picture) {
-    Sky(picture, 720, 460);
+    Sky(picture, 720, 300);
     CDrawText line;
     line.SetDir(3);
     line.SetSize(56, 100);
-    LONG column = 620;
-    for (const char* const words :
-         {"第1回大会", "第12回大会", "第123回会", "西暦2026年", "定価12800円"}) {
-        line.SetString(KVFromUtf8(words));
-        line.SetPos(column, 16);
-        line.DrawFrame(nullptr, &picture);
-        column -= 130;
-    }
+    DrawColumns(picture, line, 620, 130,
+                {"第1回大会", "第12回大会", "第123回会", "西暦2026年", "定価12800円"});
 }
 
 static void VerticalStyles(CKVFrameBuffer& picture) {
-    Sky(picture, 720, 460);
+    Sky(picture, 720, 370);
     CDrawText line;
     line.SetDir(3);
     line.SetSize(48, 89);

@@ -258,9 +258,9 @@ TEST(Layouts, FollowTheirArithmetic) {
         EXPECT_EQ(CPoint(info.NextAddress_X, info.NextAddress_Y), CPoint(expected.next));
         EXPECT_EQ(found.mask.Width, expected.mask.Width);
         ASSERT_EQ(found.mask.Height, expected.mask.Height);
-        ASSERT_EQ(std::memcmp(found.mask.Bits, expected.mask.Bits, found.mask.Size), 0);
-        inked += std::count_if(found.mask.Bits, found.mask.Bits + found.mask.Size,
-                               [](BYTE b) { return b != 0; }) > 50;
+        const BYTE *const bits = found.mask.Bits, *const end = bits + found.mask.Size;
+        ASSERT_TRUE(std::equal(bits, end, expected.mask.Bits));
+        inked += std::count_if(bits, end, [](BYTE byte) { return byte != 0; }) > 50;
         CKVFont().FontFbDisp(nullptr, &before, text, nullptr, nullptr);
         EXPECT_EQ(CPoint(before.BwDrawInfo.Pos_X, before.BwDrawInfo.Pos_Y), CPoint(expected.pos));
         EXPECT_EQ(CPoint(before.NextAddress_X, before.NextAddress_Y), CPoint(expected.next));
