@@ -31,8 +31,9 @@ inline void BoundSizes(tagKVFONTINFO& info) {
     Bound(info.FitSpMax_Max, 60);
     Bound(info.FitSpMax_Min, 60);
     BoundEffect(info.BwDrawInfo);
-    if (info.Dir == 3 && info.FitMode != 0) {
-        // No bound holds this form's width: a line of next to no length would become a giant.
+    if (info.FitMode != 0) {
+        // A ratio without bounds would make a giant of a line of next to no length.
+        Bound(info.Eria_Width, 400);
         Bound(info.Eria_Height, 400);
         const LONG least = -std::abs(info.Size_Height) / 4;
         info.Space = std::max(info.Space, least);

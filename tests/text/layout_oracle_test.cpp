@@ -1,7 +1,7 @@
 // All layouts against their arithmetic written down in one plain walk, over random records. Fonts,
 // metrics, extents and drawing come from the platform layer.
 
-#include <cstring>
+#include <algorithm>
 #include <random>
 #include <string>
 
@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/gdi/dc.h"
+#include "platform/gdi/font_name.h"
 #include "platform/mbcs.h"
 #include "text/fit_rule.h"
 
@@ -93,7 +94,7 @@ class Oracle {
 
     static LOGFONTA Find(const char* name) {
         LOGFONTA found{};
-        std::strcpy(found.lfFaceName, name);
+        kv::gdi::StoreName(name, found.lfFaceName);
         CKVFont().GetFontLogfont(nullptr, name, &found);
         return found;
     }
@@ -227,7 +228,7 @@ tagKVFONTINFO RandomRecord(std::mt19937& random) {
     for (const auto& range : ranges) {
         info.*range.field = pick(range.low, range.high);
     }
-    std::strcpy(info.FontName, KVFromUtf8(faces[pick(0, 5)]));
+    kv::gdi::StoreName(static_cast<const char*>(KVFromUtf8(faces[pick(0, 5)])), info.FontName);
     info.AntiScale = pick(0, 4) == 0 ? 1 : 4 << pick(0, 3);
     info.SpPer = pick(0, 2) * pick(0, 300);
     info.Size_WidthPer *= pick(0, 3) != 0;
