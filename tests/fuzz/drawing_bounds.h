@@ -45,7 +45,10 @@ inline void BoundSizes(tagKVFONTINFO& info) {
 inline bool IsTooLarge(const CDrawGraph& shape) {
     std::int64_t low[2] = {INT32_MAX, INT32_MAX};
     std::int64_t high[2] = {INT32_MIN, INT32_MIN};
-    for (int i = 0; i < shape.GetSize(); ++i) {
+    const LONG kind = shape.GetGraphType();
+    const bool isList = kind == CDrawGraph::kPolyLine || kind >= CDrawGraph::kPolyGon;
+    const int used = isList ? shape.GetSize() : std::min(shape.GetSize(), 2);
+    for (int i = 0; i < used; ++i) {
         const tagPOINT p = shape.GetAt(i);
         const std::int64_t xy[2] = {p.x, p.y};
         for (int axis = 0; axis < 2; ++axis) {
