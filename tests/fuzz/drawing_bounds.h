@@ -61,5 +61,5 @@ inline bool IsTooLarge(const CDrawGraph& shape) {
     const double width = (static_cast<double>(high[0] - low[0]) + pen) * scale;
     const double height = (static_cast<double>(high[1] - low[1]) + pen) * scale;
     const double bits = width * height;
-    return bits > 4e6 && bits < 4e10;
+    return bits > 4e6 && bits < 1e12;
 }
