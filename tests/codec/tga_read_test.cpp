@@ -147,28 +147,4 @@ TEST(TgaRead, AClaimedSizeCostsNothing) {
     EXPECT_EQ(Load(File(10, 5000, 4000, 24, 0, Bytes(5000 * 4000 / 32, 0xFF)), dense), 0);
 }
 
-TEST(TgaRead, RefusesAFullFrameBufferAndNull) {
-    CKVFrameBuffer fb(1, 1, 1);
-    *fb.GetBufferDWord() = 7;
-    EXPECT_EQ(Load(File(2, 3, 2, 32, 0, Pixels32()), fb), -1);
-    EXPECT_EQ(Pixels(fb), std::vector<DWORD>(1, 7));
-    MemoryFile file;
-    EXPECT_EQ(CKVTargaImage().LoadImg(&file, nullptr), -1);
-    EXPECT_EQ(CKVTargaImage().LoadImg(static_cast<CFile*>(nullptr), &fb), -1);
-}
-
-TEST(TgaRead, ExceptionsOfTheFileBecomeAFailure) {
-    const Bytes bytes = File(10, 3, 2, 32, 0, {0x85, 1, 2, 3, 4}, 2);
-    int call = 0;
-    for (int result = -1; result != 0; ++call) {
-        MemoryFile file(bytes);
-        file.m_CallsUntilThrow = call;
-        CKVFrameBuffer fb;
-        result = CKVTargaImage().LoadImg(&file, &fb);
-        EXPECT_EQ(fb.IsBuffer(), result == 0 ? 0 : 1);
-        ASSERT_LT(call, 20);
-    }
-    EXPECT_GT(call, 6);  // seek, header, identification, length, position, data
-}
-
 }  // namespace

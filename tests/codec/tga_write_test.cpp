@@ -68,32 +68,4 @@ TEST(TgaWrite, ReadsBackEqualInBothForms) {
     }
 }
 
-TEST(TgaWrite, WritesNothingForWhatAHeaderCannotHold) {
-    const CKVFrameBuffer wide(65536, 1, 1);
-    const CKVFrameBuffer high(1, 65536, 1);
-    const CKVFrameBuffer empty;
-    for (const CKVFrameBuffer* fb :
-         {&wide, &high, &empty, static_cast<const CKVFrameBuffer*>(nullptr)}) {
-        MemoryFile file;
-        EXPECT_EQ(CKVTargaImage().SaveImage(&file, fb, 1), -1);
-        EXPECT_TRUE(file.m_Bytes.empty());
-    }
-    const CKVFrameBuffer widest(65535, 1, 1);
-    CKVFrameBuffer back;
-    EXPECT_EQ(tga::Load(Saved(widest, 1), back), 0);
-    EXPECT_EQ(back.m_Width, 65535);
-}
-
-TEST(TgaWrite, FailedWritesGiveAFailureAndASeekThrows) {
-    const CKVFrameBuffer fb(100, 100, 1);
-    for (int call = 1; call < 5; ++call) {  // header and three chunks
-        MemoryFile file;
-        file.m_CallsUntilThrow = call;
-        EXPECT_EQ(CKVTargaImage().SaveImage(&file, &fb, 0), -1) << call;
-    }
-    MemoryFile file;
-    file.m_CallsUntilThrow = 0;
-    EXPECT_THROW(CKVTargaImage().SaveImage(&file, &fb, 0), CFileException);
-}
-
 }  // namespace
