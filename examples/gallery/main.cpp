@@ -47,7 +47,7 @@ int DrawAll(const std::string& folder) {
     bool good = true;
     int count = 0;
     for (const auto entries : {Captions(), Vertical(), Effects(), Gradients(), Textures(), Shapes(),
-                               Images(), Files()}) {
+                               Images(), Pixels(), Files()}) {
         for (const Entry& entry : entries) {
             good = Draw(entry, folder, page) && good;
             ++count;

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <limits>
 #include <random>
+#include <thread>
 #include <vector>
 
 #include <CKVFrameBuffer.h>
@@ -131,6 +132,35 @@ TEST(PixelOperations, NothingHappensWithoutAStore) {
     empty.MakeLuminanceKey(0, 1);
     EXPECT_EQ(empty.IsBuffer(), 1);
     EXPECT_EQ(empty.CreateFrameBuffer(1, 1, 1), 0);
+}
+
+// Readers see one colour everywhere, however the operations of other threads fall in between.
+TEST(PixelOperations, EachIsWholeForOtherThreads) {
+    CKVFrameBuffer shared(37, 29, 1);
+    const auto change = [&shared] {
+        for (DWORD i = 0; i < 60; ++i) {
+            shared.ClearCol(i * 0x01030507);
+            shared.ImageChColor(0xFFFFFF);
+            shared.MakeLuminanceKey(40, 99);
+            shared.ClearKey();
+            shared.Clear();
+        }
+    };
+    const auto look = [&shared] {
+        CKVFrameBuffer key, scaled;
+        for (int i = 0; i < 60; ++i) {
+            ASSERT_EQ(shared.GetKeyFreameBuffer(&key), 0);
+            shared.ReadLock();
+            ASSERT_EQ(shared.SizeChange(&scaled, 37, 29), 0);
+            shared.ReadUnlock();
+            for (const CKVFrameBuffer* seen : {&key, &scaled}) {
+                const Pixels pixels = PixelsOf(*seen);
+                ASSERT_EQ(std::count(pixels.begin(), pixels.end(), pixels[0]), std::ssize(pixels));
+            }
+        }
+    };
+    const std::jthread threads[] = {std::jthread(change), std::jthread(look), std::jthread(change),
+                                    std::jthread(look)};
 }
 
 class Tones : public testing::TestWithParam<kv::CpuLevel> {
