@@ -11,16 +11,9 @@
 
 namespace {
 
-CKVFrameBuffer Frame() {
-    const std::vector<DWORD> pixels = bench::MakeLayer(bench::kRandom, 1);
-    CKVFrameBuffer surface(bench::kWidth, bench::kHeight, 0);
-    std::memcpy(surface.GetBufferDWord(), pixels.data(), surface.GetSize());
-    return surface;
-}
-
 template <typename Work>
 void Measure(benchmark::State& state, const Work& work) {
-    CKVFrameBuffer frame = Frame();
+    CKVFrameBuffer frame = bench::MakeSurface(bench::kRandom, 1);
     for (auto _ : state) {
         work(frame);
         benchmark::ClobberMemory();
@@ -41,7 +34,7 @@ void MemSet(benchmark::State& state) {
 }
 
 void MemCopy(benchmark::State& state) {
-    const CKVFrameBuffer source = Frame();
+    const CKVFrameBuffer source = bench::MakeSurface(bench::kRandom, 1);
     Measure(state, [&](CKVFrameBuffer& frame) {
         std::memcpy(frame.GetBufferByte(), source.GetBufferByte(), frame.GetSize());
     });

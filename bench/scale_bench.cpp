@@ -13,13 +13,6 @@
 
 namespace {
 
-CKVFrameBuffer Frame() {
-    const std::vector<DWORD> pixels = bench::MakeLayer(bench::kRandom, 1);
-    CKVFrameBuffer surface(bench::kWidth, bench::kHeight, 0);
-    std::memcpy(surface.GetBufferDWord(), pixels.data(), surface.GetSize());
-    return surface;
-}
-
 LONG Width(const benchmark::State& state) {
     return static_cast<LONG>(state.range(0));
 }
@@ -29,7 +22,7 @@ LONG Height(const benchmark::State& state) {
 }
 
 void MemCopy(benchmark::State& state) {
-    const CKVFrameBuffer source = Frame();
+    const CKVFrameBuffer source = bench::MakeSurface(bench::kRandom, 1);
     CKVFrameBuffer target = source;
     for (auto _ : state) {
         std::memcpy(target.GetBufferByte(), source.GetBufferByte(), source.GetSize());
@@ -38,7 +31,7 @@ void MemCopy(benchmark::State& state) {
 }
 
 void Resize(benchmark::State& state) {
-    const CKVFrameBuffer source = Frame();
+    const CKVFrameBuffer source = bench::MakeSurface(bench::kRandom, 1);
     CKVFrameBuffer target;
     for (auto _ : state) {
         source.SizeChange(&target, Width(state), Height(state));
@@ -47,7 +40,7 @@ void Resize(benchmark::State& state) {
 }
 
 void ResizeIntoNew(benchmark::State& state) {
-    const CKVFrameBuffer source = Frame();
+    const CKVFrameBuffer source = bench::MakeSurface(bench::kRandom, 1);
     for (auto _ : state) {
         CKVFrameBuffer target;
         source.SizeChange(&target, Width(state), Height(state));
@@ -61,32 +54,42 @@ void BaselineResize(benchmark::State& state) {
     kv::ForceCpuLevel(kv::DetectedCpuLevel());
 }
 
-// Both positions and all sums anew for each pixel. Leaves the outermost source pixels out.
+struct Position {
+    std::size_t first;
+    float weight;
+};
+
+Position PositionOf(LONG i, LONG target, LONG source) {
+    const LONG fromCentre = i - target / 2;
+    const float factor = static_cast<float>(target) / static_cast<float>(source);
+    const float at = static_cast<float>(fromCentre) / factor;
+    const LONG below = static_cast<LONG>(at > 0 ? double{at} : double{at} - 1.0);
+    return {static_cast<std::size_t>(std::clamp(below + source / 2, 0, source - 2)),
+            at - static_cast<float>(below)};
+}
+
+double Mixed(const BYTE* pixels, float weight) {
+    return static_cast<double>(static_cast<float>(pixels[4]) * weight) +
+           static_cast<double>(pixels[0]) * (1.0 - double{weight});
+}
+
+// Both positions and all sums anew for each pixel. Leaves the repeated edges out.
 void PlainResize(benchmark::State& state) {
-    const CKVFrameBuffer source = Frame();
+    const CKVFrameBuffer source = bench::MakeSurface(bench::kRandom, 1);
     CKVFrameBuffer target(Width(state), Height(state), 1);
-    const float factorX = static_cast<float>(Width(state)) / static_cast<float>(bench::kWidth);
-    const float factorY = static_cast<float>(Height(state)) / static_cast<float>(bench::kHeight);
     for (auto _ : state) {
+        BYTE* pixel = target.GetBufferByte();
         for (LONG y = 0; y < target.m_Height; ++y) {
-            const float fy = static_cast<float>(y - target.m_Height / 2) / factorY;
-            const int iy = static_cast<int>(fy > 0 ? double{fy} : double{fy} - 1.0);
-            const float ty = fy - static_cast<float>(iy);
-            const LONG row = std::clamp(iy + bench::kHeight / 2, 0, bench::kHeight - 2);
+            const Position row = PositionOf(y, target.m_Height, bench::kHeight);
             for (LONG x = 0; x < target.m_Width; ++x) {
-                const float fx = static_cast<float>(x - target.m_Width / 2) / factorX;
-                const int ix = static_cast<int>(fx > 0 ? double{fx} : double{fx} - 1.0);
-                const float tx = fx - static_cast<float>(ix);
-                const LONG column = std::clamp(ix + bench::kWidth / 2, 0, bench::kWidth - 2);
-                const BYTE* const up = source.GetBufferByte() + (row * bench::kWidth + column) * 4;
-                const BYTE* const down = up + bench::kWidth * 4;
-                BYTE* const pixel = target.GetBufferByte() + (y * target.m_Width + x) * 4;
-                for (int i = 0; i < 4; ++i) {
-                    const double upper = static_cast<double>(static_cast<float>(up[i + 4]) * tx) +
-                                         double(up[i]) * (1.0 - double{tx});
-                    const double lower = static_cast<double>(static_cast<float>(down[i + 4]) * tx) +
-                                         double(down[i]) * (1.0 - double{tx});
-                    pixel[i] = static_cast<BYTE>(lower * double{ty} + upper * (1.0 - double{ty}));
+                const Position column = PositionOf(x, target.m_Width, bench::kWidth);
+                const BYTE* up =
+                    source.GetBufferByte() + (row.first * bench::kWidth + column.first) * 4;
+                for (int i = 0; i < 4; ++i, ++up) {
+                    const double upper = Mixed(up, column.weight);
+                    const double lower = Mixed(up + bench::kWidth * 4, column.weight);
+                    const double weight = row.weight;
+                    *pixel++ = static_cast<BYTE>(lower * weight + upper * (1.0 - weight));
                 }
             }
         }

@@ -19,16 +19,10 @@ using bench::kHeight;
 using bench::kPixels;
 using bench::kWidth;
 
-CKVFrameBuffer Surface(const std::vector<DWORD>& pixels) {
-    CKVFrameBuffer surface(kWidth, kHeight, 0);
-    std::memcpy(surface.GetBufferDWord(), pixels.data(), surface.GetSize());
-    return surface;
-}
-
 struct Layers {
     explicit Layers(const benchmark::State& state)
-        : source(Surface(bench::MakeLayer(static_cast<bench::Keys>(state.range(0)), 1))),
-          fresh(Surface(bench::MakeLayer(static_cast<bench::Keys>(state.range(1)), 2))),
+        : source(bench::MakeSurface(static_cast<bench::Keys>(state.range(0)), 1)),
+          fresh(bench::MakeSurface(static_cast<bench::Keys>(state.range(1)), 2)),
           target(fresh),
           coverage(bench::MakeKeys(static_cast<bench::Keys>(state.range(0)))) {
         mask.Create(kWidth, kHeight);

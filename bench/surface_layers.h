@@ -6,7 +6,7 @@
 #include <random>
 #include <vector>
 
-#include <platform/types.h>
+#include <CKVFrameBuffer.h>
 
 /// Pictures that the compositing benchmarks share, one full-HD frame each.
 namespace bench {
@@ -53,6 +53,13 @@ inline std::vector<DWORD> MakeLayer(Keys kind, unsigned seed) {
         pixels[i] = free ? 0 : DWORD{keys[i]} << 24 | colour;
     }
     return pixels;
+}
+
+inline CKVFrameBuffer MakeSurface(Keys kind, unsigned seed) {
+    const std::vector<DWORD> pixels = MakeLayer(kind, seed);
+    CKVFrameBuffer surface(kWidth, kHeight, 0);
+    std::copy(pixels.begin(), pixels.end(), surface.GetBufferDWord());
+    return surface;
 }
 
 }  // namespace bench

@@ -26,7 +26,8 @@ struct Axis {
 // Nothing where the position lies outside the source. Where both pixels are one, beyond the edges,
 // the weight is 0 or 1, which takes that pixel unrounded.
 std::optional<Tap> TapAt(LONG position, const Axis& axis) {
-    const float at = static_cast<float>(position - axis.target / 2) / axis.factor;
+    const LONG fromCentre = position - axis.target / 2;
+    const float at = static_cast<float>(fromCentre) / axis.factor;
     // A whole number at or below 0 counts as the end of the interval before it.
     const LONG below = TruncateToInt32(at > 0 ? double{at} : double{at} - 1.0);
     const std::int64_t index = std::int64_t{below} + axis.source / 2;

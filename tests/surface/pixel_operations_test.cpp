@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <functional>
 #include <limits>
 #include <random>
 #include <thread>
@@ -19,213 +20,156 @@ CKVFrameBuffer Surface(LONG width, const Pixels& pixels) {
     return surface;
 }
 
-Pixels PixelsOf(const CKVFrameBuffer& surface) {
+// The pixels are as wanted, and the spare bytes behind them still 0.
+void ExpectPixels(const CKVFrameBuffer& surface, Pixels wanted) {
     const DWORD* const first = surface.GetBufferDWord();
-    return {first, first + surface.GetSize() / 4};
-}
-
-// The spare bytes behind the pixels, which are 0 from the start.
-bool SpareBytesUntouched(const CKVFrameBuffer& surface) {
-    const BYTE* const end = surface.GetBufferByte() + surface.GetSize();
-    const BYTE* const blockEnd = static_cast<BYTE*>(surface.m_Alloc) + surface.GetSize() + 128;
-    return std::all_of(end, blockEnd, [](BYTE byte) { return byte == 0; });
+    wanted.resize(wanted.size() + 4);
+    ASSERT_EQ(surface.GetSize() / 4 + 4, wanted.size());
+    ASSERT_TRUE(std::equal(wanted.begin(), wanted.end(), first));
 }
 
 DWORD Luminance(DWORD pixel) {
-    return ((pixel >> 16 & 0xFF) * 19661 + (pixel >> 8 & 0xFF) * 38666 + (pixel & 0xFF) * 7209 +
-            32768) >>
-           16;
+    const DWORD sum = (pixel >> 16) % 256 * 19661 + (pixel >> 8) % 256 * 38666 + pixel % 256 * 7209;
+    return (sum + 32768) >> 16;
 }
 
 DWORD Tinted(DWORD pixel, DWORD color) {
-    const DWORD y = Luminance(pixel);
-    return (pixel & 0xFF000000) | y * (color >> 16 & 0xFF) / 255 << 16 |
-           y * (color >> 8 & 0xFF) / 255 << 8 | y * (color & 0xFF) / 255;
+    DWORD result = pixel & 0xFF000000;
+    for (const int shift : {0, 8, 16}) {
+        result |= Luminance(pixel) * ((color >> shift) % 256) / 255 << shift;
+    }
+    return result;
 }
 
 DWORD Keyed(DWORD pixel, DWORD low, DWORD range) {
-    const DWORD y = Luminance(pixel);
-    const std::uint64_t steps = std::uint64_t{range} + 1;
-    DWORD key = 0;
-    if (y > low) {
-        key = y - low > range ? 255 : static_cast<DWORD>((y - low) * 255 / steps);
-    }
-    return (pixel & 0xFFFFFF) | key << 24;
+    const std::int64_t above = std::int64_t{Luminance(pixel)} - low;
+    const std::int64_t key = above > range ? 255 : above * 255 / (std::int64_t{range} + 1);
+    return pixel % 0x1000000 | static_cast<DWORD>(above <= 0 ? 0 : key) << 24;
 }
 
-TEST(PixelOperations, FillsWriteEveryPixelAndNothingElse) {
-    for (const LONG width : {1, 3, 204, 205, 1000}) {
-        const auto count = static_cast<std::size_t>(width) * 5;
-        CKVFrameBuffer surface(width, 5, 1);
-        for (const DWORD color : {0x7F010203U, 0xFF000000U, 0xEEEEEEEEU}) {
-            surface.ClearCol(color);
-            EXPECT_EQ(PixelsOf(surface), Pixels(count, color));
-        }
-        EXPECT_TRUE(SpareBytesUntouched(surface));
-        surface.Clear();
-        EXPECT_EQ(PixelsOf(surface), Pixels(count, 0));
-    }
-}
-
-TEST(PixelOperations, CheckPatternRepeatsItsCells) {
-    constexpr DWORD kA = 0x00112233;
-    constexpr DWORD kB = 0x80445566;
-    for (const LONG width : {1, 2, 5, 16}) {
-        for (const LONG height : {1, 2, 3, 7, 16}) {
-            for (const CPoint cell : {CPoint(2, 2), CPoint(1, 1), CPoint(2, 3), CPoint(5, 4),
-                                      CPoint(std::numeric_limits<LONG>::max(), -1),
-                                      CPoint(std::numeric_limits<LONG>::min(), 99)}) {
-                Pixels wanted;
-                for (LONG y = 0; y < height; ++y) {
-                    for (LONG x = 0; x < width; ++x) {
-                        const LONG cells = x / std::max(cell.x, 2) + y / std::max(cell.y, 2);
-                        wanted.push_back((cells % 2 == 0 ? kA : kB) | 0xFF000000);
-                    }
-                }
-                CKVFrameBuffer surface(width, height, 1);
-                surface.ClearCross(cell, kA, kB);
-                ASSERT_EQ(PixelsOf(surface), wanted) << width << " x " << height;
-                ASSERT_TRUE(SpareBytesUntouched(surface));
+TEST(PixelOperations, FillsAndCheckPatterns) {
+    constexpr LONG kMax = std::numeric_limits<LONG>::max();
+    for (const CPoint size :
+         {CPoint(1, 1), CPoint(5, 2), CPoint(16, 7), CPoint(205, 5), CPoint(1024, 3)}) {
+        CKVFrameBuffer surface(size.x, size.y, 1);
+        for (const CPoint cell :
+             {CPoint(2, 2), CPoint(1, 1), CPoint(2, 3), CPoint(kMax, -kMax), CPoint(5, 99)}) {
+            Pixels wanted;
+            for (LONG i = 0; i < size.x * size.y; ++i) {
+                const LONG cells =
+                    i % size.x / std::max(cell.x, 2) + i / size.x / std::max(cell.y, 2);
+                wanted.push_back(cells % 2 == 0 ? 0xFF112233 : 0xFF445566);
             }
+            surface.ClearCross(cell, 0x00112233, 0x80445566);
+            ASSERT_NO_FATAL_FAILURE(ExpectPixels(surface, wanted)) << size.x << " by " << size.y;
         }
+        const Pixels filled(surface.GetSize() / 4, 0x7F010203);
+        surface.ClearCol(0x7F010203);
+        ASSERT_NO_FATAL_FAILURE(ExpectPixels(surface, filled));
+        surface.Clear();
+        ASSERT_NO_FATAL_FAILURE(ExpectPixels(surface, Pixels(filled.size())));
     }
 }
 
 TEST(PixelOperations, BlendOfOnePixelPair) {
-    const struct {
-        DWORD src, dst, result;
-    } cases[] = {{0x00112233, 0xFF445566, 0xFF445566},
-                 {0xFF112233, 0x00445566, 0xFF112233},
-                 {0x00112233, 0x00000000, 0x00000000},
-                 {0x80FF0000, 0xFF0000FF, 0xFF80007F},
-                 {0x01FF8000, 0x00445566, 0x01FF8000},
-                 // d = 100 - 39 = 61, A = 161
-                 {0x640A14FF, 0x64C86400, 0xA151329E}};
-    for (const auto& c : cases) {
-        EXPECT_EQ(CKVFrameBuffer::CopyKeyPixcel(c.src, c.dst), c.result) << std::hex << c.src;
+    const DWORD cases[][3] = {{0x00112233, 0xFF445566, 0xFF445566},
+                              {0xFF112233, 0x00445566, 0xFF112233},
+                              {0x00112233, 0x00000000, 0x00000000},
+                              {0x01FF8000, 0x00445566, 0x01FF8000},
+                              {0x640A14FF, 0x64C86400, 0xA151329E}};  // d = 100 - 39, A = 161
+    for (const auto& [src, dst, result] : cases) {
+        EXPECT_EQ(CKVFrameBuffer::CopyKeyPixcel(src, dst), result) << std::hex << src;
     }
 }
 
 TEST(PixelOperations, KeyPictureReplacesTheTarget) {
-    const CKVFrameBuffer source =
-        Surface(3, {0x80123456, 0, 0xFFFFFFFF, 0x01000000, 7, 0xFE123456});
-    for (CKVFrameBuffer target : {CKVFrameBuffer(), CKVFrameBuffer(9, 9, 1)}) {
+    CKVFrameBuffer empty;
+    const CKVFrameBuffer source = Surface(3, {0x80123456, 7, 0xFFFFFFFF});
+    for (CKVFrameBuffer target : {empty, CKVFrameBuffer(9, 9, 1)}) {
         ASSERT_EQ(source.GetKeyFreameBuffer(&target), 0);
-        EXPECT_EQ(target.GetWidth(), 3U);
-        EXPECT_EQ(PixelsOf(target), (Pixels{0x80808080, 0, 0xFFFFFFFF, 0x01010101, 0, 0xFEFEFEFE}));
-        EXPECT_EQ(CKVFrameBuffer().GetKeyFreameBuffer(&target), -1);
-        EXPECT_EQ(target.GetSize(), 24U);
+        EXPECT_EQ(empty.GetKeyFreameBuffer(&target), -1);
         EXPECT_EQ(target.GetKeyFreameBuffer(&target), -1);
-        EXPECT_EQ(PixelsOf(target)[0], 0x80808080);
+        ExpectPixels(target, {0x80808080, 0, 0xFFFFFFFF});
     }
     EXPECT_EQ(source.GetKeyFreameBuffer(nullptr), -1);
     EXPECT_EQ(source.m_ReadCount, 0);
 }
 
-TEST(PixelOperations, NothingHappensWithoutAStore) {
-    CKVFrameBuffer empty;
-    empty.Clear();
-    empty.ClearCol(1);
-    empty.ClearCross(CPoint(2, 2), 1, 2);
-    empty.ImageChColor(1);
-    empty.ClearKey();
-    empty.MakeLuminanceKey(0, 1);
-    EXPECT_EQ(empty.IsBuffer(), 1);
-    EXPECT_EQ(empty.CreateFrameBuffer(1, 1, 1), 0);
-}
-
-// Readers see one colour everywhere, however the operations of other threads fall in between.
-TEST(PixelOperations, EachIsWholeForOtherThreads) {
-    CKVFrameBuffer shared(37, 29, 1);
-    const auto change = [&shared] {
+// Readers see one colour everywhere, however the operations of other threads fall in between; and
+// nothing happens where there is no store.
+TEST(PixelOperations, AreWholeForOtherThreads) {
+    CKVFrameBuffer shared(37, 29, 1), empty;
+    const auto change = [](CKVFrameBuffer& surface) {
         for (DWORD i = 0; i < 60; ++i) {
-            shared.ClearCol(i * 0x01030507);
-            shared.ImageChColor(0xFFFFFF);
-            shared.MakeLuminanceKey(40, 99);
-            shared.ClearKey();
-            shared.Clear();
+            surface.ClearCol(i * 0x01030507);
+            surface.ImageChColor(0xFFFFFF);
+            surface.MakeLuminanceKey(40, 99);
+            surface.ClearKey();
+            surface.ClearCross(CPoint(99, 99), i, i);
+            surface.Clear();
         }
     };
     const auto look = [&shared] {
-        CKVFrameBuffer key, scaled;
+        CKVFrameBuffer key, copy;
         for (int i = 0; i < 60; ++i) {
             ASSERT_EQ(shared.GetKeyFreameBuffer(&key), 0);
             shared.ReadLock();
-            ASSERT_EQ(shared.SizeChange(&scaled, 37, 29), 0);
+            ASSERT_EQ(shared.SizeChange(&copy, 37, 29), 0);
             shared.ReadUnlock();
-            for (const CKVFrameBuffer* seen : {&key, &scaled}) {
-                const Pixels pixels = PixelsOf(*seen);
-                ASSERT_EQ(std::count(pixels.begin(), pixels.end(), pixels[0]), std::ssize(pixels));
-            }
+            ExpectPixels(key, Pixels(37 * 29, *key.GetBufferDWord()));
+            ExpectPixels(copy, Pixels(37 * 29, *copy.GetBufferDWord()));
         }
     };
-    const std::jthread threads[] = {std::jthread(change), std::jthread(look), std::jthread(change),
-                                    std::jthread(look)};
+    const std::jthread threads[] = {std::jthread(change, std::ref(shared)), std::jthread(look),
+                                    std::jthread(change, std::ref(shared)), std::jthread(look)};
+    change(empty);
+    EXPECT_EQ(empty.IsBuffer(), 1);
 }
 
-class Tones : public testing::TestWithParam<kv::CpuLevel> {
-  protected:
-    void SetUp() override { kv::ForceCpuLevel(GetParam()); }
-    void TearDown() override { kv::ForceCpuLevel(kv::DetectedCpuLevel()); }
-};
-
-// Every grey level, both ends of each channel, and random colours; all widths around a vector.
-TEST_P(Tones, EqualTheirFormulas) {
+// Every grey level, both ends of each channel and random colours, in rows of all widths.
+TEST(PixelOperations, TonesEqualTheirFormulas) {
     std::mt19937 random(3);
     Pixels pixels;
-    for (DWORD i = 0; i < 256; ++i) {
-        pixels.push_back(i * 0x01010101);
-        pixels.push_back(0x12000000 | (i & 1 ? 0xFF : 0) | (i & 2 ? 0xFF00 : 0) |
-                         (i & 4 ? 0xFF0000 : 0));
+    for (DWORD i = 0; i < 20000; ++i) {
+        const DWORD ends = (i % 2 + i / 2 % 2 * 0x100 + i / 4 % 2 * 0x10000) * 0xFF;
+        pixels.push_back(i < 256 ? i * 0x01010101 : i < 264 ? ends : static_cast<DWORD>(random()));
     }
-    for (int i = 0; i < 60000; ++i) {
-        pixels.push_back(static_cast<DWORD>(random()));
-    }
-    const auto expectSame = [](const CKVFrameBuffer& surface, Pixels plain, const auto& rule) {
-        std::transform(plain.begin(), plain.end(), plain.begin(), rule);
-        ASSERT_EQ(PixelsOf(surface), plain);
-        ASSERT_TRUE(SpareBytesUntouched(surface));
+    const auto check = [&](std::size_t count, const auto& work, const auto& rule) {
+        Pixels some(pixels.begin(), pixels.begin() + static_cast<std::ptrdiff_t>(count));
+        CKVFrameBuffer surface = Surface(static_cast<LONG>(count), some);
+        work(surface);
+        std::transform(some.begin(), some.end(), some.begin(), rule);
+        ExpectPixels(surface, some);
     };
-    for (LONG width = 1; width <= 70; ++width) {
-        const std::size_t count = width < 70 ? 1 : pixels.size() / 70;
-        const Pixels some(pixels.begin(),
-                          pixels.begin() + width * static_cast<std::ptrdiff_t>(count));
-        CKVFrameBuffer cleared = Surface(width, some);
-        cleared.ClearKey();
-        expectSame(cleared, some, [](DWORD pixel) { return pixel & 0xFFFFFF; });
-        const DWORD colors[] = {0xFFFFFF, 0, 0x00FF0000, 0xFF010203, static_cast<DWORD>(random())};
-        for (const DWORD color : colors) {
-            CKVFrameBuffer surface = Surface(width, some);
-            surface.ImageChColor(color);
-            expectSame(surface, some, [=](DWORD pixel) { return Tinted(pixel, color); });
+    const auto checkKey = [&](std::size_t count, DWORD low, DWORD range) {
+        check(
+            count, [=](CKVFrameBuffer& surface) { surface.MakeLuminanceKey(low, range); },
+            [=](DWORD pixel) { return Keyed(pixel, low, range); });
+    };
+    for (const kv::CpuLevel level : {kv::CpuLevel::kBaseline, kv::CpuLevel::kAvx2}) {
+        kv::ForceCpuLevel(level);
+        for (std::size_t width = 1; width <= 70; ++width) {
+            const std::size_t count = width < 70 ? width : pixels.size();
+            check(
+                count, [](CKVFrameBuffer& surface) { surface.ClearKey(); },
+                [](DWORD pixel) { return pixel % 0x1000000; });
+            for (const DWORD color : {0xFFFFFFU, 0U, 0xFF010203U, 0x80FE7F33U}) {
+                check(
+                    count, [=](CKVFrameBuffer& surface) { surface.ImageChColor(color); },
+                    [=](DWORD pixel) { return Tinted(pixel, color); });
+            }
+            checkKey(count, 40, 99);
+        }
+        for (const DWORD low : {0U, 1U, 254U, 255U, 256U, 0xFFFFFFFFU}) {
+            for (const DWORD range : {0U, 99U, 255U, 65025U, 0x7FFFFFFFU, 0xFFFFFFFFU}) {
+                checkKey(1000, low, range);
+            }
+        }
+        for (DWORD range = 0; range < 66000; range += range < 600 ? 1 : 97) {
+            checkKey(256, 0, range);
         }
     }
-    for (const DWORD low : {0U, 1U, 10U, 100U, 254U, 255U, 256U, 0xFFFFFFFFU}) {
-        for (const DWORD range :
-             {0U, 1U, 6U, 99U, 253U, 254U, 255U, 256U, 65024U, 65025U, 0x7FFFFFFFU, 0xFFFFFFFFU}) {
-            CKVFrameBuffer surface = Surface(1, pixels);
-            surface.MakeLuminanceKey(low, range);
-            expectSame(surface, pixels, [=](DWORD pixel) { return Keyed(pixel, low, range); });
-        }
-    }
+    kv::ForceCpuLevel(kv::DetectedCpuLevel());
 }
-
-// Every quotient that a ramp can ask for.
-TEST_P(Tones, LuminanceKeyAtEveryRange) {
-    Pixels greys;
-    for (DWORD i = 0; i < 256; ++i) {
-        greys.push_back(i * 0x010101);
-    }
-    for (DWORD range = 0; range < 66000; range += range < 600 ? 1 : 97) {
-        CKVFrameBuffer surface = Surface(256, greys);
-        surface.MakeLuminanceKey(0, range);
-        for (DWORD i = 0; i < 256; ++i) {
-            ASSERT_EQ(surface.GetBufferDWord()[i], Keyed(greys[i], 0, range)) << i << " " << range;
-        }
-    }
-}
-
-INSTANTIATE_TEST_SUITE_P(Levels, Tones,
-                         testing::Values(kv::CpuLevel::kBaseline, kv::CpuLevel::kAvx2));
 
 }  // namespace
