@@ -5,8 +5,8 @@
 
 #include <KVUtf8.h>
 #include <benchmark/benchmark.h>
+#include <platform/dc.h>
 
-#include "platform/gdi/dc.h"
 #include "platform/gdi/font_catalogue.h"
 #include "platform/gdi/free_type.h"
 

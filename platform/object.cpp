@@ -21,6 +21,10 @@ CObject::~CObject() = default;
 
 void CObject::Serialize(CArchive& /*archive*/) {}
 
+void CObject::AssertValid() const {}
+
+void CObject::Dump(CDumpContext& /*context*/) const {}
+
 CRuntimeClass* CObject::GetThisClass() {
     return &classCObject;
 }

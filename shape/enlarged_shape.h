@@ -6,8 +6,7 @@
 #include <CDrawGraph.h>
 #include <CKVGrayBitmap.h>
 #include <CKVMonoBitmap.h>
-
-#include "platform/gdi/dc.h"
+#include <platform/dc.h>
 
 namespace kv::shape {
 

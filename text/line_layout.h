@@ -5,9 +5,9 @@
 
 #include <CKVMonoBitmap.h>
 #include <KVFontInfo.h>
+#include <platform/dc.h>
 #include <platform/geometry.h>
 
-#include "platform/gdi/dc.h"
 #include "text/fit_rule.h"
 
 namespace kv::text {

@@ -54,6 +54,9 @@ class KVDRAW_API CFile {
     virtual std::uint64_t Seek(std::int64_t offset, UINT from);
     void SeekToBegin() { Seek(0, begin); }
 
+    /// The system's descriptor, -1 while the file is closed.
+    int GetDescriptor() const { return m_Descriptor; }
+
     virtual std::uint64_t GetLength() const;
     virtual std::uint64_t GetPosition() const;
 

@@ -4,6 +4,7 @@
 #include <platform/types.h>
 
 class CArchive;
+class CDumpContext;
 struct CRuntimeClass;
 
 /// The base of the classes that can be made by name.
@@ -17,6 +18,9 @@ class KVDRAW_API CObject {
     /// Stores the object to the archive's file, or loads it from there. A class without a stored
     /// form does nothing.
     virtual void Serialize(CArchive& archive);
+    /// Places for checks and dumps of a class; they do nothing in this library.
+    virtual void AssertValid() const;
+    virtual void Dump(CDumpContext& context) const;
 
     static CRuntimeClass* GetThisClass();
 

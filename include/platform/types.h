@@ -12,3 +12,6 @@ using COLORREF = std::uint32_t;
 
 /// A window handle. Drawing uses it for nothing but naming a display; null is always good.
 using HWND = void*;
+
+/// An open file or a mapping of one.
+using HANDLE = void*;

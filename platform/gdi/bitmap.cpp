@@ -2,20 +2,24 @@
 #include <cstring>
 #include <new>
 
+#include <platform/dc.h>
+
+#include "platform/dib/colour_bitmap.h"
 #include "platform/gdi/bit_surface.h"
-#include "platform/gdi/dc.h"
 #include "platform/gdi/drawing.h"
 
 bool CBitmap::CreateBitmap(LONG width, LONG height, UINT planes, UINT bitCount, const void* bits) {
-    const bool known = planes == 1 && bitCount == 1 && bits == nullptr;
-    m_Surface = known ? kv::gdi::BitSurface::Create(width, height) : nullptr;
-    m_Drawing = nullptr;
-    return m_Surface != nullptr;
+    *this = CBitmap();
+    if (planes == 1 && bits == nullptr && bitCount == 1) {
+        m_Surface = kv::gdi::BitSurface::Create(width, height);
+    } else if (planes == 1 && bits == nullptr && bitCount == 32) {
+        m_Colour = kv::dib::ColourBitmap::CreateTrueColour(width, height);
+    }
+    return !IsNull();
 }
 
 bool CBitmap::CreateDrawing(LONG width, LONG height) {
-    m_Surface = nullptr;
-    m_Drawing = nullptr;
+    *this = CBitmap();
     if (width < 1 || height < 1) {
         return false;
     }
@@ -40,6 +44,9 @@ bool CBitmap::GetCoverage(LONG scale, LONG columns, BYTE* coverage, DWORD stride
 }
 
 DWORD CBitmap::GetBitmapBits(DWORD count, void* bits) const {
+    if (m_Colour != nullptr && bits != nullptr) {
+        return m_Colour->CopyTopDown({static_cast<BYTE*>(bits), count});
+    }
     if (!m_Surface || bits == nullptr) {
         return 0;
     }
@@ -47,4 +54,8 @@ DWORD CBitmap::GetBitmapBits(DWORD count, void* bits) const {
     const std::size_t copied = std::min<std::size_t>(count, size);
     std::memcpy(bits, m_Surface->Row(0), copied);
     return static_cast<DWORD>(copied);
+}
+
+void DeleteObject(HBITMAP bitmap) {
+    delete bitmap;
 }

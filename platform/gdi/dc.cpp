@@ -1,9 +1,9 @@
-#include "platform/gdi/dc.h"
-
 #include <algorithm>
 #include <cstring>
 #include <limits>
 #include <utility>
+
+#include <platform/dc.h>
 
 #include "platform/gdi/bit_surface.h"
 #include "platform/gdi/drawing.h"
@@ -61,6 +61,14 @@ CBitmap CDC::SelectObject(const CBitmap& bitmap) {
     return std::exchange(m_Bitmap, bitmap);
 }
 
+CPalette CDC::SelectPalette(const CPalette& palette, bool /*background*/) {
+    return std::exchange(m_Palette, palette);
+}
+
+int CDC::SetStretchBltMode(int mode) {
+    return mode == COLORONCOLOR ? std::exchange(m_StretchMode, mode) : 0;
+}
+
 LONG CDC::SetTextCharacterExtra(LONG extra) {
     return std::exchange(m_CharacterExtra, extra);
 }
@@ -108,7 +116,7 @@ bool CDC::TextOutA(LONG x, LONG y, const char* text, int byteCount) {
 
 bool CDC::BitBlt(LONG x, LONG y, LONG width, LONG height, CDC* /*source*/, LONG /*sourceX*/,
                  LONG /*sourceY*/, DWORD operation) {
-    if (m_Bitmap.IsNull() || operation != BLACKNESS) {
+    if (!m_Bitmap.IsOneBit() || operation != BLACKNESS) {
         return false;
     }
     if (m_Bitmap.m_Drawing != nullptr) {

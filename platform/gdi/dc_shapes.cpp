@@ -3,8 +3,9 @@
 #include <new>
 #include <utility>
 
+#include <platform/dc.h>
+
 #include "platform/gdi/bit_sink.h"
-#include "platform/gdi/dc.h"
 #include "platform/gdi/drawing.h"
 #include "platform/gdi/shape_painter.h"
 
@@ -32,7 +33,7 @@ class SurfaceSink final : public kv::gdi::AreaSink {
 
 template <typename Draw>
 bool Paint(const CBitmap& bitmap, const CPen& pen, const CBrush& brush, const Draw& draw) {
-    if (bitmap.IsNull()) {
+    if (!bitmap.IsOneBit()) {
         return false;
     }
     try {

@@ -1,6 +1,6 @@
-#include "platform/gdi/pen.h"
-
 #include <algorithm>
+
+#include <platform/pen.h>
 
 bool CPen::CreatePen(DWORD style, LONG width, COLORREF colour) {
     constexpr DWORD kKnown = PS_GEOMETRIC | PS_ENDCAP_FLAT | PS_JOIN_MITER;

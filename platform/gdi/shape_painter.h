@@ -1,9 +1,9 @@
 #pragma once
 
 #include <platform/geometry.h>
+#include <platform/pen.h>
 
 #include "platform/gdi/area.h"
-#include "platform/gdi/pen.h"
 
 namespace kv::gdi {
 

@@ -3,9 +3,9 @@
 #include <random>
 
 #include <gtest/gtest.h>
+#include <platform/dc.h>
 
 #include "platform/gdi/bit_sink.h"
-#include "platform/gdi/dc.h"
 #include "platform/gdi/turned_sink.h"
 #include "tests/platform/raster_check.h"
 

@@ -6,9 +6,9 @@
 #include <vector>
 
 #include <KVUtf8.h>
+#include <platform/dc.h>
 #include <platform/font.h>
 
-#include "platform/gdi/dc.h"
 #include "platform/gdi/font_name.h"
 
 // Fonts, extents and drawn pixels for the tests of text. Texts are UTF-8 here.

@@ -8,8 +8,8 @@
 #include <CKVFont.h>
 #include <KVUtf8.h>
 #include <gtest/gtest.h>
+#include <platform/dc.h>
 
-#include "platform/gdi/dc.h"
 #include "platform/gdi/font_name.h"
 #include "platform/mbcs.h"
 #include "text/fit_rule.h"

@@ -1,11 +1,17 @@
 #pragma once
 
 #include <memory>
+#include <span>
 
+#include <platform/export.h>
 #include <platform/font.h>
 #include <platform/geometry.h>
+#include <platform/palette.h>
+#include <platform/pen.h>
 
-#include "platform/gdi/pen.h"
+namespace kv::dib {
+class ColourBitmap;
+}  // namespace kv::dib
 
 namespace kv::gdi {
 class BitSurface;
@@ -14,12 +20,14 @@ struct FontInstance;
 }  // namespace kv::gdi
 
 inline constexpr DWORD BLACKNESS = 0x42;
+inline constexpr int BLACKONWHITE = 1;  ///< a context's mode at first; bitmaps do not draw in it
+inline constexpr int COLORONCOLOR = 3;  ///< the nearest pixel, none blended
 inline constexpr int AD_COUNTERCLOCKWISE = 1;
 inline constexpr int AD_CLOCKWISE = 2;
 
 /// A font handle: a shared reference to a font made from a logical description. Copies name the
 /// same font, which lives until the last handle, a context's included, is gone.
-class CFont {
+class KVDRAW_API CFont {
   public:
     CFont() = default;
 
@@ -32,22 +40,25 @@ class CFont {
     std::shared_ptr<const kv::gdi::FontInstance> m_Font;
 };
 
-/// A one-bit bitmap handle, shared like a font's.
-class CBitmap {
+/// A bitmap handle, shared like a font's: a one-bit picture for text and shapes, or a colour one
+/// for bitmaps.
+class KVDRAW_API CBitmap {
   public:
     CBitmap() = default;
 
-    /// A cleared one-bit bitmap. False, and a null handle, for a size below 1 by 1, any other
-    /// depth, initial bits that are not null, or no memory.
+    /// A cleared bitmap of 1 or 32 bits. False, and a null handle, for a size below 1 by 1, any
+    /// other depth, initial bits that are not null, or no memory.
     bool CreateBitmap(LONG width, LONG height, UINT planes, UINT bitCount, const void* bits);
-    bool IsNull() const { return m_Surface == nullptr && m_Drawing == nullptr; }
+    bool IsNull() const { return !IsOneBit() && m_Colour == nullptr; }
+    bool IsOneBit() const { return m_Surface != nullptr || m_Drawing != nullptr; }
 
     /// The same picture, kept as the shapes drawn onto it: it takes no text and has no bits, but
     /// gives its coverage without holding the enlarged picture. False as above.
     bool CreateDrawing(LONG width, LONG height);
 
-    /// Copies at most count bytes, rows top down, bit 7 leftmost, each row padded to 16 bits. The
-    /// number of bytes copied.
+    /// Copies at most count bytes, rows top down: of one bit with bit 7 leftmost, each row padded
+    /// to 16 bits; of 32 bits blue, green, red, 0. Others have their own rows, padded to 32 bits.
+    /// The number of bytes copied.
     DWORD GetBitmapBits(DWORD count, void* bits) const;
 
     /// Of a drawing: the coverage of blocks of scale by scale pixels, 1, 4, 8 or 16, for whole
@@ -58,15 +69,22 @@ class CBitmap {
 
     std::shared_ptr<kv::gdi::BitSurface> m_Surface;
     std::shared_ptr<kv::gdi::Drawing> m_Drawing;
+    std::shared_ptr<kv::dib::ColourBitmap> m_Colour;
 };
+
+/// A bitmap handle that somebody owns and gives back by DeleteObject. The picture itself lives on
+/// while a context has it selected.
+using HBITMAP = CBitmap*;
+KVDRAW_API void DeleteObject(HBITMAP bitmap);
 
 /// Reads a font's logical description back; size is 60. The bytes written, 0 for a null font.
 int GetObjectA(const CFont& font, int size, LOGFONTA* description);
 
-/// A memory device context: a one-bit bitmap, a font, and the state of text drawing. The background
-/// is opaque, text is placed by the corner of its cell. Selecting gives back what it replaced. One
-/// context serves one thread.
-class CDC {
+/// A memory device context: a bitmap, a font, a palette, and the state of drawing. Text and shapes
+/// draw onto a one-bit bitmap alone, CDib onto a colour one; on the other kind they draw nothing.
+/// The background is opaque, text is placed by the corner of its cell. Selecting gives back what it
+/// replaced. One context serves one thread.
+class KVDRAW_API CDC {
   public:
     bool CreateCompatibleDC(CDC* other);
     void DeleteDC();
@@ -121,9 +139,21 @@ class CDC {
     /// A chain of cubic curves, outlined only. False for a count that is not 3k + 1.
     bool PolyBezier(const tagPOINT* points, int count);
 
+    /// A palette for the colours of bitmaps; a null one takes it away. A context shows true colours
+    /// and needs none.
+    CPalette SelectPalette(const CPalette& palette, bool background);
+    /// The mode of stretching: COLORONCOLOR is the one known. Gives back the old one, 0 for another
+    /// mode.
+    int SetStretchBltMode(int mode);
+    int GetStretchBltMode() const { return m_StretchMode; }
+    const CBitmap& GetCurrentBitmap() const { return m_Bitmap; }
+    const CPalette& GetCurrentPalette() const { return m_Palette; }
+
   private:
     CFont m_Font;
     CBitmap m_Bitmap;
+    CPalette m_Palette;
+    int m_StretchMode = BLACKONWHITE;
     LONG m_CharacterExtra = 0;
     LONG m_BreakExtra = 0;
     COLORREF m_TextColor = 0;
