@@ -4,6 +4,7 @@
 
 #include <CBox.h>
 #include <CBwDrawInfo.h>
+#include <CDib.h>
 #include <CDrawGraph.h>
 #include <CDrawText.h>
 #include <CImgFile.h>

@@ -1,0 +1,96 @@
+// Bitmaps on device contexts, and their palettes.
+
+#include <algorithm>
+#include <cstring>
+
+#include <CDib.h>
+
+#include "dib/layout.h"
+#include "platform/dib/device.h"
+
+int CDib::Draw(CDC* dc, CPoint origin, CSize size) {
+    if (m_Header == nullptr) {
+        return 0;
+    }
+    const CSize whole = GetDimensions();
+    return DrawPart(dc, {origin.x, origin.y, size.cx, size.cy}, {0, 0, whole.cx, whole.cy});
+}
+
+int CDib::Draw(CDC* dc, CRect dest, CRect src) {
+    return DrawPart(dc, {dest.left, dest.top, dest.Width(), dest.Height()},
+                    {src.left, src.top, src.Width(), src.Height()});
+}
+
+int CDib::DrawVfw(CDC* dc, CPoint origin, CSize size) {
+    Draw(dc, origin, size);
+    return 1;
+}
+
+int CDib::DrawVfw(CDC* dc, CRect dest, CRect src) {
+    Draw(dc, dest, src);
+    return 1;
+}
+
+int CDib::DrawPart(CDC* dc, const kv::dib::StretchBox& dest, const kv::dib::StretchBox& src) {
+    if (m_Header == nullptr) {
+        return 0;
+    }
+    if (m_Palette != nullptr) {
+        SelectPalette(dc, m_Palette, true);
+    }
+    SetStretchBltMode(dc, COLORONCOLOR);
+    StretchDIBits(dc, dest, src, Pixels(), Info(), DIB_RGB_COLORS, SRCCOPY);
+    return 1;
+}
+
+HBITMAP CDib::CreateSection(CDC* dc) {
+    if (m_Header == nullptr || m_Image != nullptr) {
+        return nullptr;
+    }
+    m_Bitmap = CreateDIBSection(dc, Info(), DIB_RGB_COLORS, &m_Image);
+    m_SizeImage = kv::dib::NarrowedSize(kv::dib::PlainBytes(*m_Header));
+    return m_Bitmap;
+}
+
+HBITMAP CDib::CreateBitmap(CDC* dc) {
+    if (m_SizeImage == 0) {
+        return nullptr;
+    }
+    return CreateDIBitmap(dc, CBM_INIT, Pixels(), Info(), DIB_RGB_COLORS);
+}
+
+int CDib::MakePalette() {
+    if (m_Header == nullptr || m_ColorEntries == 0) {
+        return 0;
+    }
+    const auto table = HeaderAndColours().subspan(kv::dib::kHeaderBytes);
+    LOGPALETTE palette;
+    palette.palPalEntry.reserve(table.size() / 4);
+    for (std::size_t at = 0; at < table.size(); at += 4) {
+        palette.palPalEntry.push_back({table[at + 2], table[at + 1], table[at], 0});
+    }
+    DeleteObject(m_Palette);
+    m_Palette = CreatePalette(std::move(palette));
+    return 1;
+}
+
+int CDib::SetSystemPalette(CDC* dc) {
+    if (m_ColorEntries != 0 || (GetDeviceCaps(dc, RASTERCAPS) & RC_PALETTE) == 0) {
+        return 0;
+    }
+    int count = GetDeviceCaps(dc, SIZEPALETTE);
+    if (count == 0) {
+        count = GetDeviceCaps(dc, NUMCOLORS);
+    }
+    LOGPALETTE palette;
+    palette.palPalEntry.resize(static_cast<std::size_t>(std::max(count, 0)));
+    GetSystemPaletteEntries(dc, 0, static_cast<UINT>(palette.palPalEntry.size()),
+                            palette.palPalEntry.data());
+    DeleteObject(m_Palette);
+    m_Palette = CreatePalette(std::move(palette));
+    return 1;
+}
+
+unsigned int CDib::UsePalette(CDC* /*dc*/, int /*background*/) {
+    return 0;
+}
