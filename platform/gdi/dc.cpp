@@ -109,8 +109,8 @@ bool CDC::TextOutA(LONG x, LONG y, const char* text, int byteCount) {
     }
     const FontInstance& font = *m_Font.m_Font;
     const TextLine line = LayOutText(font, {m_CharacterExtra, m_BreakExtra}, View(text, byteCount));
-    kv::gdi::TextPainter(font).Draw(
-        line, {*m_Bitmap.m_Surface, x, y, m_TextColor != 0, m_BkColor != 0});
+    kv::gdi::TextPainter(font).Draw(line,
+                                    {*m_Bitmap.m_Surface, x, y, m_TextColor != 0, m_BkColor != 0});
     return true;
 }
 

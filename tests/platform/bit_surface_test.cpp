@@ -91,7 +91,7 @@ TEST(BitSurfaceTest, TurningEqualsAPixelLoop) {
                 if (from[std::size_t(v)][std::size_t(u)] != '#') {
                     continue;
                 }
-                expected[std::size_t(y + u)][std::size_t(x) - 1 - std::size_t(v)] =
+                expected[std::size_t(std::int64_t{y} + u)][std::size_t(x) - 1 - std::size_t(v)] =
                     value ? '#' : '.';
                 if (!runs.empty() && runs.back().end == u) {
                     ++runs.back().end;
