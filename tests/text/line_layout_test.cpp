@@ -49,20 +49,6 @@ TEST(HorizontalLine, SpaceCountsBetweenCharacters) {
     }
 }
 
-TEST(HorizontalLine, ContinuesWhereTheLastPieceEnded) {
-    CDrawText text = Line(kLatin, "one");
-    text.SetAddressMode(1);
-    text.SetNextAddress(40, 90);
-    const Layout first = LayOut(text);
-    EXPECT_EQ(first.pos.x, 40);
-    EXPECT_EQ(text.GetNextAddress_Y(), 200);  // the anchor's row, wherever the line began
-    const LONG next = text.GetNextAddress_X();
-    text.SetString("two");
-    const Layout second = LayOut(text);
-    EXPECT_EQ(second.pos.x, next);
-    EXPECT_EQ(second.pos.y, first.pos.y + 110);
-}
-
 TEST(HorizontalLine, EmptyTextAndUnknownScaleGiveNoMask) {
     const std::pair<const char*, LONG> cases[] = {{"", 16},   {nullptr, 16}, {"x", 0},
                                                   {"x", -16}, {"x", 2},      {"x", INT_MIN}};
