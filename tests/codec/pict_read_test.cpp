@@ -7,7 +7,6 @@ namespace {
 
 using pict::Bytes;
 using pict::File;
-using pict::Head;
 using pict::Joined;
 using pict::Load;
 using pict::Pixels;
@@ -154,7 +153,8 @@ int PlainDecode(const Bytes& data, const Pixmap& pixmap, std::vector<DWORD>& out
             if (at >= data.size()) {
                 return -1;
             }
-            const int control = static_cast<std::int8_t>(data[at++]);
+            const int control = data[at] < 128 ? data[at] : data[at] - 256;
+            ++at;
             const int units = control == -128 ? 0 : std::abs(control) + 1;
             for (int i = 0; i < units; ++i) {
                 const std::size_t from = at + (control < 0 ? 0 : unit * static_cast<unsigned>(i));
