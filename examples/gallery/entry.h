@@ -19,6 +19,7 @@ struct Entry {
 #function, headline, function     \
     }
 
+std::span<const Entry> Stages();
 std::span<const Entry> Captions();
 std::span<const Entry> Vertical();
 std::span<const Entry> Effects();

@@ -46,8 +46,8 @@ int DrawAll(const std::string& folder) {
     Page page;
     bool good = true;
     int count = 0;
-    for (const auto entries : {Captions(), Vertical(), Effects(), Gradients(), Textures(), Shapes(),
-                               Images(), Pixels(), Files()}) {
+    for (const auto entries : {Stages(), Captions(), Vertical(), Effects(), Gradients(), Textures(),
+                               Shapes(), Images(), Pixels(), Files()}) {
         for (const Entry& entry : entries) {
             good = Draw(entry, folder, page) && good;
             ++count;
