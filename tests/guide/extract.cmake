@@ -1,0 +1,82 @@
+# Makes tests of a guide page's ```cpp blocks:
+#   cmake -D PAGE=FILE.md -D PREAMBLE=FILE -D OUT=FILE.cpp -P extract.cmake
+#
+# Each block becomes the body of one test. Before it stand the declarations of the preamble that the
+# block does not make itself; a block that draws into `picture` must leave something there. A block
+# with a main of its own is a program that must return 0. The compiler is told the page's own lines.
+# Links and pictures of the page must lead to files.
+
+cmake_path(GET PAGE STEM stem)
+cmake_path(GET PAGE PARENT_PATH folder)
+string(MAKE_C_IDENTIFIER ${stem} stem)
+file(READ ${PAGE} rest)
+file(STRINGS ${PREAMBLE} declarations)
+set(fence "\n```cpp\n")
+set(text "#include \"tests/guide/guide_page.h\"\n")
+set(line 1)
+
+# Moves line on by the lines of some text.
+function(count_lines passed)
+  string(REGEX REPLACE "[^\n]+" "" breaks "${passed}")
+  string(LENGTH "${breaks}" breaks)
+  math(EXPR line "${line} + ${breaks}")
+  set(line ${line} PARENT_SCOPE)
+endfunction()
+
+function(check_links prose)
+  string(FIND "${prose}" "](" start)
+  while(NOT start EQUAL -1)
+    math(EXPR start "${start} + 2")
+    string(SUBSTRING "${prose}" ${start} -1 prose)
+    string(REGEX MATCH "^[^)#]*" target "${prose}")
+    if(NOT target MATCHES "://" AND NOT EXISTS "${folder}/${target}")
+      message(FATAL_ERROR "${PAGE}: no file ${target}")
+    endif()
+    string(FIND "${prose}" "](" start)
+  endwhile()
+endfunction()
+
+# Sets text to one more test, of the block that starts in that line.
+function(append_test block line)
+  set(name "${stem}_line_${line}")
+  set(located "#line ${line} \"${PAGE}\"\n${block}\n")
+  if(block MATCHES "int main\\(")
+    string(APPEND text "namespace ${name} {\n${located}}\n"
+      "TEST_F(GuidePage, ${name}) {\nEXPECT_EQ(${name}::main(), 0);\n}\n")
+  else()
+    string(APPEND text "TEST_F(GuidePage, ${name}) {\n")
+    foreach(declaration IN LISTS declarations)
+      string(REGEX MATCH "^[A-Za-z]+ [A-Za-z]+" declared "${declaration}")
+      string(FIND "${block}" "${declared}" own)
+      if(own EQUAL -1)
+        string(APPEND text "${declaration};\n")
+      endif()
+    endforeach()
+    string(APPEND text "${located}")
+    if(block MATCHES "DrawFrame\\([^)]*&picture\\)|picture\\.FbCopy")
+      string(APPEND text "ExpectDrawn(picture);\n")
+    endif()
+    string(APPEND text "}\n")
+  endif()
+  set(text "${text}" PARENT_SCOPE)
+endfunction()
+
+string(FIND "${rest}" "${fence}" start)
+while(NOT start EQUAL -1)
+  string(SUBSTRING "${rest}" 0 ${start} prose)
+  check_links("${prose}")
+  count_lines("${prose}${fence}")
+  math(EXPR start "${start} + 8")
+  string(SUBSTRING "${rest}" ${start} -1 rest)
+  string(FIND "${rest}" "\n```" end)
+  if(end EQUAL -1)
+    message(FATAL_ERROR "${PAGE}:${line}: the block has no end")
+  endif()
+  string(SUBSTRING "${rest}" 0 ${end} block)
+  string(SUBSTRING "${rest}" ${end} -1 rest)
+  append_test("${block}" ${line})
+  count_lines("${block}")
+  string(FIND "${rest}" "${fence}" start)
+endwhile()
+check_links("${rest}")
+file(WRITE ${OUT} "${text}")
