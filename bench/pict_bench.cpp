@@ -9,7 +9,6 @@
 #include <benchmark/benchmark.h>
 
 #include "bench/title_picture.h"
-#include "tests/codec/pict_plain.h"
 #include "tests/support/memory_file.h"
 
 namespace {
@@ -141,7 +140,7 @@ void PlainPackets(benchmark::State& state) {
             }
             LONG at = 0;
             for (LONG isRun = 0; at < kWidth * 4;) {
-                at += pict::PlainCheck(row.data() + at, kWidth * 4 - at, &isRun);
+                at += CKVPictImage().PictCheckComp(row.data() + at, kWidth * 4 - at, &isRun);
             }
             benchmark::DoNotOptimize(at);
         }

@@ -92,6 +92,22 @@ class RowPacker {
     kv::pict::RowPackets m_Packets;
 };
 
+// The length of a literal whose first repeat stands behind count bytes, decided byte by byte: the
+// plain form of RowPackets, without memory of its own.
+LONG GrownLiteral(const BYTE* bytes, LONG remaining, LONG count) {
+    LONG grown = count;
+    LONG equals = 0;
+    for (LONG at = count; at < remaining && grown < LONG{kMostPacketBytes}; ++at) {
+        if (bytes[at] != bytes[at + 1]) {
+            grown += equals;
+            equals = 0;
+        } else if (++equals > 3) {
+            return grown;
+        }
+    }
+    return count;
+}
+
 // Writes the count of a row's packets; the place behind it.
 BYTE* PutCount(BYTE* dst, std::size_t count, bool isWide) {
     if (isWide) {
@@ -131,10 +147,15 @@ int CKVPictImage::ImgConv_Comp32A(const BYTE* src, BYTE* dst, DWORD width, DWORD
 }
 
 int CKVPictImage::PictCheckComp(const BYTE* bytes, LONG remaining, LONG* isRun) {
-    const auto size = static_cast<std::size_t>(std::max(remaining, LONG{1}));
-    kv::pict::RowPackets packets(size);
-    packets.SetRow(bytes, size);
-    const Packet packet = packets.At(0);
-    *isRun = packet.isRun ? 1 : 0;
-    return static_cast<int>(packet.count);
+    const bool run = bytes[0] == bytes[1];
+    const LONG most = std::min(remaining, LONG{kMostPacketBytes});
+    LONG count = 1;
+    while (count < most && (bytes[count] == bytes[count + 1]) == run) {
+        ++count;
+    }
+    *isRun = run ? 1 : 0;
+    if (count >= most) {
+        return count;
+    }
+    return run || remaining == 2 ? count + 1 : GrownLiteral(bytes, remaining, count);
 }

@@ -21,6 +21,11 @@ std::uint64_t BytesBehind(const CFile& file) {
     return position < length ? length - position : 0;
 }
 
+int CauseOfOpen(CFile& file, const char* name, UINT flags) {
+    CFileException error;
+    return file.Open(name, flags, &error) ? 0 : error.m_cause;
+}
+
 }  // namespace
 
 ByteBuffer AllocateBytes(std::size_t size) {
@@ -53,22 +58,15 @@ void WriteChunks(CFile& file, const BYTE* bytes, DWORD size) {
     }
 }
 
-int LoadNamed(const char* name, const std::function<int(CFile&)>& load) {
-    CFile file;
-    CFileException error;
-    if (!file.Open(name, kOpenToRead, &error)) {
-        return error.m_cause;
-    }
-    return load(file);
+int OpenToLoad(CFile& file, const char* name) {
+    return CauseOfOpen(file, name, kOpenToRead);
 }
 
-int SaveNamed(const char* name, const std::function<int(CFile&)>& save) {
-    CFile file;
-    CFileException error;
-    if (!file.Open(name, kOpenToWrite, &error)) {
-        return error.m_cause;
-    }
-    const int result = save(file);
+int OpenToSave(CFile& file, const char* name) {
+    return CauseOfOpen(file, name, kOpenToWrite);
+}
+
+int CloseSaved(CFile& file, int result) {
     try {
         file.Close();  // some file systems report a full disk only now
     } catch (const CException&) {

@@ -3,7 +3,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
-#include <functional>
 #include <memory>
 
 #include <platform/file.h>
@@ -33,10 +32,27 @@ FileData ReadRest(CFile& file, std::uint64_t most, DWORD chunk);
 
 void WriteChunks(CFile& file, const BYTE* bytes, DWORD size);
 
-/// Opens the file for reading, or makes it for writing, and gives the codec's answer; the positive
-/// cause code when it cannot be opened. What is written counts as failed, -1, when closing fails.
-int LoadNamed(const char* name, const std::function<int(CFile&)>& load);
-int SaveNamed(const char* name, const std::function<int(CFile&)>& save);
+/// Opens a file for reading, or makes it for writing: 0, or the positive cause code.
+int OpenToLoad(CFile& file, const char* name);
+int OpenToSave(CFile& file, const char* name);
+
+/// The answer to a file that was written: result, or -1 when closing it fails.
+int CloseSaved(CFile& file, int result);
+
+/// Opens the file and gives the codec's answer, or the cause code when it cannot be opened.
+template <class Load>
+int LoadNamed(const char* name, const Load& load) {
+    CFile file;
+    const int cause = OpenToLoad(file, name);
+    return cause != 0 ? cause : load(file);
+}
+
+template <class Save>
+int SaveNamed(const char* name, const Save& save) {
+    CFile file;
+    const int cause = OpenToSave(file, name);
+    return cause != 0 ? cause : CloseSaved(file, save(file));
+}
 
 /// Whether to make a picture of so many pixels, which a file merely claims, for so many bytes of
 /// data: always up to 2^24 pixels, beyond that only if the densest packing could hold it.

@@ -100,10 +100,10 @@ int CKVBwDraw::MakeFb_Text(const CKVGrayBitmap* pGray, CKVFrameBuffer* pFb,
     if (pGray == nullptr || pFb == nullptr || pText == nullptr) {
         return -1;
     }
-    CImgFile image;
-    if (image.LoadImg(pText->File) != 0) {
+    CKVFrameBuffer picture;
+    if (CImgFile::LoadImg(pText->File, &picture, nullptr) != 0) {
         return MakeFb_Color(pGray, pFb, &kBlack);
     }
-    return pText->Mode == kScaled ? PaintScaled(*pGray, *pFb, image.m_Img)
-                                  : PaintByRows(*pGray, *pFb, image.m_Img, pText->Mode);
+    return pText->Mode == kScaled ? PaintScaled(*pGray, *pFb, picture)
+                                  : PaintByRows(*pGray, *pFb, picture, pText->Mode);
 }

@@ -1,8 +1,19 @@
 #include <CImgFile.h>
+#include <platform/exception.h>
 
 namespace {
 
 const CRuntimeClassEntry kClassEntry(CImgFile::classCImgFile);
+
+// False when there is no memory for the name; the one before it stays.
+bool Store(CString& fileName, const char* name) {
+    try {
+        fileName = name;
+        return true;
+    } catch (const CMemoryException&) {
+        return false;
+    }
+}
 
 }  // namespace
 
@@ -68,8 +79,7 @@ int CImgFile::LoadImg() {
 }
 
 int CImgFile::LoadImg(const char* name) {
-    SetFileName(name);
-    return LoadImg();
+    return Store(m_FileName, name) ? LoadImg() : -1;
 }
 
 int CImgFile::SaveImage() {
@@ -81,12 +91,11 @@ int CImgFile::SaveImage(const char* name) {
 }
 
 int CImgFile::SaveImage(const char* name, LONG a, LONG b) {
-    SetFileName(name);
-    return m_Img.IsBuffer() != 0 ? -1 : SaveImage(&m_Img, m_FileName, a, b);
+    return Store(m_FileName, name) && m_Img.IsBuffer() == 0 ? SaveByName(&m_Img, a, b) : -1;
 }
 
 int CImgFile::SaveImage(const CKVFrameBuffer* fb) {
-    return SaveImage(fb, m_FileName);
+    return SaveByName(fb, 0, 0);
 }
 
 int CImgFile::SaveImage(const CKVFrameBuffer* fb, const char* name) {
@@ -94,7 +103,10 @@ int CImgFile::SaveImage(const CKVFrameBuffer* fb, const char* name) {
 }
 
 int CImgFile::SaveImage(const CKVFrameBuffer* fb, const char* name, LONG a, LONG b) {
-    SetFileName(name);
+    return Store(m_FileName, name) ? SaveByName(fb, a, b) : -1;
+}
+
+int CImgFile::SaveByName(const CKVFrameBuffer* fb, LONG a, LONG b) {
     return m_FileName.IsEmpty() ? -1 : ImageFileSave(m_FileName, fb, a, b);
 }
 

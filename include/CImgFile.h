@@ -57,7 +57,8 @@ class KVDRAW_API CImgFile : public CObject {
     CBox& GetDispEria() { return m_DispEria; }
 
     /// Replaces the picture by the file's. An empty name fails and leaves the picture. The form
-    /// with a name stores it first; it stays whatever the result.
+    /// with a name stores it first; it stays whatever the result. A name for which there is no
+    /// memory fails here and in SaveImage with nothing changed.
     int LoadImg();
     int LoadImg(const char* name);
     /// Replaces fb's picture by the file's. keyFlag, which may be null, is written on success.
@@ -120,4 +121,7 @@ class KVDRAW_API CImgFile : public CObject {
     int PictImageSave(const char* name, const CKVFrameBuffer* fb);
     int BmpImageSave(const char* name, const CKVFrameBuffer* fb);
     int JpegImageSave(const char* name, const CKVFrameBuffer* fb, LONG a, LONG b);
+
+  private:
+    int SaveByName(const CKVFrameBuffer* fb, LONG a, LONG b);
 };

@@ -57,10 +57,10 @@ class KVDRAW_API CKVPictImage {
     /// channels of 5 bits are shifted up, their low bits 0.
     ///
     /// Failed with fb still empty: no PICT file of a known kind, a frame buffer that cannot be
-    /// made, or a picture of more than 2^24 pixels whose data are shorter than any packing of it,
-    /// one byte for 43 pixels. Failed with fb made: a pixel size or number of components other than
-    /// those above, pixel data that end early, rows too short for the width. The rows that were not
-    /// reached are 0.
+    /// made, or a picture of more than 2^24 pixels with less than one byte of data for 43 of them,
+    /// which is less than whole rows pack to. Failed with fb made: a pixel size or number of
+    /// components other than those above, pixel data that end early, rows too short for the width.
+    /// The rows that were not reached are 0.
     int LoadImg(const char* name, CKVFrameBuffer* fb);
     /// The same from an open file, from its first byte. The position afterwards is not defined.
     int LoadImg(CFile* file, CKVFrameBuffer* fb);
@@ -101,8 +101,8 @@ class KVDRAW_API CKVPictImage {
     int ImgConv_Comp32A(const BYTE* src, BYTE* dst, DWORD width, DWORD height, DWORD* len);
 
     /// The packet that starts at bytes, with that many bytes left in its row: its number of bytes,
-    /// 127 at most, and in isRun 1 for a run of equal bytes, 0 for literal ones. Reads one byte
-    /// more than remain.
+    /// 127 at most, and in isRun 1 for a run of equal bytes, 0 for literal ones. The encoder makes
+    /// the same packets. Reads one byte more than remain, two at least.
     int PictCheckComp(const BYTE* bytes, LONG remaining, LONG* isRun);
 
     /// 1 when the picture last read had keys of its own, else 0. Writing leaves it.

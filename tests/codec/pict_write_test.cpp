@@ -1,15 +1,14 @@
 #include <algorithm>
 #include <utility>
 
-#include "tests/codec/pict_plain.h"
 #include "tests/codec/pict_support.h"
+#include "tests/support/no_memory.h"
 
 namespace {
 
 using pict::Bytes;
 using pict::Joined;
 using pict::Pixels;
-using pict::PlainCheck;
 using pict::Words;
 
 constexpr std::size_t kRowsAt = 622;
@@ -41,14 +40,16 @@ TEST(PictWrite, FileToTheByte) {
     EXPECT_EQ(pictures::Cut(wide, 558, 560), Words({0xFFFC}));
 }
 
-// A row in packets, by the plain decision; the byte behind the row counts as 0.
+// A row in packets, by the plain decision, which needs no memory; the byte behind the row is 0.
 Bytes PlainPackets(Bytes row) {
     const std::size_t size = row.size();
     row.push_back(0);
     Bytes packets;
     for (std::size_t at = 0; at < size;) {
         LONG isRun = 0;
-        const int count = PlainCheck(&row[at], static_cast<LONG>(size - at), &isRun);
+        const auto left = static_cast<LONG>(size - at);
+        const int count = WithAllocations(
+            0, [&] { return CKVPictImage().PictCheckComp(&row[at], left, &isRun); });
         packets.push_back(static_cast<BYTE>(isRun == 1 ? 1 - count : count - 1));
         const std::size_t stored = isRun == 1 ? 1 : static_cast<std::size_t>(count);
         packets = Joined(packets, pictures::Cut(row, at, at + stored));
@@ -68,19 +69,39 @@ TEST(PictWrite, PacketsOfKnownRows) {
         {"aabbcc", {0xFF, 'a', 0xFF, 'b', 0xFF, 'c'}},
         {"aaaaab", {0xFC, 'a', 0, 'b'}},
         {"ab", {1, 'a', 'b'}},
+        {"abbccccd", {0, 'a', 0xFF, 'b', 0xFD, 'c', 0, 'd'}},
+        {"abbcccccd", {1, 'a', 'b', 0, 'b', 0xFC, 'c', 0, 'd'}},
         {std::string(300, 'a'), {0x82, 'a', 0x82, 'a', 0xD3, 'a'}},
         {std::string("aa\0", 3), {0xFF, 'a', 0, 0}},
         {std::string("a\0", 2), {1, 'a', 0}},
     };
     for (const auto& [letters, packets] : cases) {
         EXPECT_EQ(PlainPackets(Letters(letters)), packets) << letters;
-        const Bytes row = Joined(Letters(letters), {0});
-        LONG plainRun = 0;
-        LONG run = 0;
+    }
+}
+
+std::string Repeated(const std::string& letters, int times, const std::string& rest = "") {
+    return times == 0 ? rest : letters + Repeated(letters, times - 1, rest);
+}
+
+TEST(PictWrite, PacketsEndAt127Bytes) {
+    const std::pair<std::string, int> cases[] = {
+        {"", 1},
+        {Repeated("ab", 200), 127},
+        {Repeated("a", 127), 127},
+        {Repeated("a", 128), 127},
+        {Repeated("ab", 63, "a"), 127},
+        // Pairs before a long repeat: each makes the literal longer by one byte.
+        {Repeated("abb", 1, Repeated("ccdd", 62, "eeeee")), 126},
+        {Repeated("a", 1, Repeated("ccdd", 63, "eeeee")), 1},
+    };
+    for (const auto& [letters, count] : cases) {
+        LONG isRun = 0;
         const auto size = static_cast<LONG>(letters.size());
-        EXPECT_EQ(CKVPictImage().PictCheckComp(row.data(), size, &run),
-                  PlainCheck(row.data(), size, &plainRun));
-        EXPECT_EQ(run, plainRun);
+        EXPECT_EQ(
+            CKVPictImage().PictCheckComp(Joined(Letters(letters), {0, 0}).data(), size, &isRun),
+            count)
+            << letters;
     }
 }
 

@@ -5,6 +5,7 @@
 
 #include "tests/effect/coverage.h"
 #include "tests/effect/plain_render.h"
+#include "tests/support/no_memory.h"
 #include "tests/support/temp_folder.h"
 
 namespace {
@@ -99,6 +100,15 @@ TEST_F(Texture, ALostFileShowsBlack) {
             EXPECT_EQ(Paint(mode, name), expected);
         }
     }
+}
+
+TEST_F(Texture, PaintsWithoutMemoryForTheName) {
+    MakePicture({5, 4});
+    effect_test::FillRandom(m_Gray, 9, 4, 3, m_Random);
+    const tagTEXTUREINFO text{1, m_File.c_str()};
+    EXPECT_EQ(WithAllocations(0, [&] { return CKVBwDraw().MakeFb_Text(&m_Gray, &m_Fb, &text); }),
+              0);
+    EXPECT_EQ(PixelsOf(m_Fb), PlainTexture(m_Gray, m_Picture, 1));
 }
 
 TEST_F(Texture, AnEmptyCoverageMakesAnEmptyLayer) {

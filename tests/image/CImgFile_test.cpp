@@ -5,6 +5,7 @@
 #include <CImgFile.h>
 #include <gtest/gtest.h>
 
+#include "tests/support/no_memory.h"
 #include "tests/support/temp_folder.h"
 
 namespace {
@@ -160,6 +161,28 @@ TEST_F(ImageFiles, WhatCannotBeSaved) {
         EXPECT_EQ(image.SaveImage(&m_Picture, (m_Folder / name).c_str()), -1) << name;
         EXPECT_EQ(image.GetFileName(), m_Folder / name);
         EXPECT_FALSE(std::filesystem::is_regular_file(m_Folder / name)) << name;
+    }
+}
+
+// Whatever allocation fails, the answer is -1; the pictures themselves are not made by operator
+// new.
+TEST_F(ImageFiles, WithoutMemoryLoadsAndSavesFail) {
+    for (const char* name : {"a.tga", "a.pct"}) {
+        const std::string path = m_Folder / name;
+        CImgFile image;
+        int calls = 0;
+        const auto save = [&] { return image.SaveImage(&m_Picture, path.c_str()); };
+        const auto load = [&] { return image.LoadImg(path.c_str()); };
+        for (; WithAllocations(calls, save) != 0; ++calls) {
+            ASSERT_LT(calls, 30);
+        }
+        image.SetFileName("");
+        for (int left = 0; WithAllocations(left, load) != 0; ++left, ++calls) {
+            ASSERT_LT(calls, 30);
+        }
+        EXPECT_GT(calls, 1);
+        EXPECT_EQ(PixelsOf(image.m_Img), PixelsOf(m_Picture));
+        EXPECT_EQ(WithAllocations(0, [&] { return CImgFile().LoadImg(path.c_str()); }), -1);
     }
 }
 

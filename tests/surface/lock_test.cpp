@@ -1,4 +1,5 @@
 #include <atomic>
+#include <functional>
 #include <latch>
 #include <thread>
 
@@ -120,6 +121,40 @@ TEST_F(BufferLock, OpenerGetsExclusiveHoldOnceOtherReadersAreGone) {
         EXPECT_TRUE(gone);
         surface.WriteUnlock();
     }
+}
+
+// One that took no hold would never be seen to wait.
+TEST_F(BufferLock, PixelOperationsTakeTheirHolds) {
+    CKVFrameBuffer other(8, 8, 1);
+    const std::function<void()> writing[] = {
+        [&] { surface.Clear(); },
+        [&] { surface.ClearCol(1); },
+        [&] {
+            surface.ClearCross({2, 2}, 1, 2);
+        },
+        [&] { surface.ImageChColor(1); },
+        [&] { surface.ClearKey(); },
+        [&] { surface.MakeLuminanceKey(1, 2); },
+        [&] { EXPECT_EQ(other.GetKeyFreameBuffer(&surface), 0); },
+        [&] { EXPECT_EQ(surface.FbCopy(&other, 0, 0, 8, 8, 0, 0, 1, nullptr), 0); },
+    };
+    for (const auto& operation : writing) {
+        surface.ReadLock();
+        const std::jthread writer(operation);
+        AwaitWaiting(0, 1);
+        surface.ReadUnlock();
+    }
+    const std::function<void()> reading[] = {
+        [&] { EXPECT_EQ(surface.GetKeyFreameBuffer(&other), 0); },
+        [&] { EXPECT_EQ(other.FbCopy(&surface, 0, 0, 8, 8, 0, 0, 1, nullptr), 0); },
+    };
+    for (const auto& operation : reading) {
+        surface.WriteLock();
+        const std::jthread reader(operation);
+        AwaitWaiting(1, 0);
+        surface.WriteUnlock();
+    }
+    EXPECT_EQ(surface.m_ReadCount, 0);
 }
 
 // Two threads write, two read: pixels 0 and 63 differ only inside an exclusive hold.
