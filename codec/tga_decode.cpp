@@ -1,6 +1,4 @@
 #include <algorithm>
-#include <array>
-#include <bit>
 #include <cstring>
 
 #include <CKVTargaImage.h>
@@ -9,11 +7,9 @@
 #include "base/checked.h"
 #include "codec/tga_format.h"
 #include "codec/transfer.h"
+#include "surface/bgr_rows.h"
 
 namespace {
-
-// A pixel whose key alone is set, to be or-ed over three colour bytes.
-constexpr auto kSolidKey = std::bit_cast<DWORD>(std::array<BYTE, 4>{0, 0, 0, 255});
 
 // A packet of four bytes, control byte and pixel, yields at most 128 pixels.
 constexpr std::uint64_t kMostPixelsPerByte = 32;
@@ -62,13 +58,7 @@ struct Stored32 {
 struct Stored24 {
     static constexpr std::size_t kBytes = 3;
     static void Copy(BYTE* dst, const BYTE* src, std::size_t count) {
-        // Four bytes at once, the fourth of which is replaced; behind the last pixel there is none.
-        for (std::size_t i = 0; i < count; ++i) {
-            DWORD pixel = 0;
-            std::memcpy(&pixel, src + i * 3, i + 1 < count ? 4 : 3);
-            pixel |= kSolidKey;
-            std::memcpy(dst + i * 4, &pixel, 4);
-        }
+        kv::AddKeys(dst, src, count);
     }
 };
 

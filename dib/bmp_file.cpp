@@ -5,6 +5,7 @@
 #include <CDib.h>
 
 #include "dib/layout.h"
+#include "platform/field_file.h"
 
 using kv::dib::FileHeader;
 using kv::dib::kHeaderBytes;
@@ -88,9 +89,5 @@ int CDib::Write(CFile* file) {
 }
 
 void CDib::Serialize(CArchive& archive) {
-    if (archive.IsLoading()) {
-        Read(archive.GetFile());
-    } else {
-        Write(archive.GetFile());
-    }
+    kv::SerializeThroughFile(archive, *this);
 }

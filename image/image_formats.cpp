@@ -124,12 +124,6 @@ std::int64_t CImgFile::PictImageLoad(const char* name, CKVFrameBuffer* fb, LONG*
     return LoadBy<CKVPictImage>(name, fb, keyFlag);
 }
 
-// Device-independent bitmaps are not read or written yet.
-std::int64_t CImgFile::BmpImageLoad(const char* /*name*/, CKVFrameBuffer* /*fb*/,
-                                    LONG* /*keyFlag*/) {
-    return -1;
-}
-
 std::int64_t CImgFile::JpegImageLoad(const char* /*name*/, CKVFrameBuffer* /*fb*/,
                                      LONG* /*keyFlag*/) {
     return -1;
@@ -141,10 +135,6 @@ int CImgFile::TgaImageSave(const char* name, const CKVFrameBuffer* fb) {
 
 int CImgFile::PictImageSave(const char* name, const CKVFrameBuffer* fb) {
     return SaveBy<CKVPictImage>(name, fb, 0);
-}
-
-int CImgFile::BmpImageSave(const char* /*name*/, const CKVFrameBuffer* /*fb*/) {
-    return -1;
 }
 
 int CImgFile::JpegImageSave(const char* /*name*/, const CKVFrameBuffer* /*fb*/, LONG /*a*/,

@@ -9,8 +9,9 @@
 
 /// The drawing object for a still picture: a file name, a position, a copy mode and a picture of
 /// its own. It loads and saves the picture in the format that the file name's extension tells,
-/// without regard to case: ".tga", written run-length encoded, and ".pct"; all others fail. Paths
-/// are bytes as given; a directory, a name and an extension may have 255 bytes each.
+/// without regard to case: ".tga", written run-length encoded, ".pct", and ".bmp" of 24 bits, which
+/// has no keys; all others fail. Paths are bytes as given; a directory, a name and an extension may
+/// have 255 bytes each.
 ///
 /// Results are 0 done and -1 failed unless said otherwise. A failed load leaves no picture, and the
 /// key flag as it was. The object has no lock of its own: one object serves one thread at a time.
@@ -88,6 +89,14 @@ class KVDRAW_API CImgFile : public CObject {
     /// Draws the whole picture into the target at the object's position in its copy mode. -1 for a
     /// null target, and when there is no picture or nothing of it lies in the target.
     int DrawFrame(CKVFrameBuffer* target);
+
+    /// Writes a copy of the picture, stretched to width by height without regard to its shape, in
+    /// the format of name's extension. An object without a picture loads it first and keeps it. -1
+    /// when there is none to load and for a size below 1.
+    int SaveIcon(const char* name, LONG width, LONG height);
+    /// The same into the file beside the picture's that has "_icon.bmp" in place of its extension.
+    /// -1 too without a file name and for a path of more than 259 bytes.
+    int SaveIconBmp(LONG width, LONG height);
 
     /// Stores name, position and copy mode in the object's file form ("IFO0") at the file's current
     /// position; the picture stays in the file that the name tells. 1, or 0 when the file failed;

@@ -4,6 +4,7 @@
 #include <array>
 #include <cerrno>
 #include <cstring>
+#include <string>
 #include <string_view>
 
 namespace kv {
@@ -109,6 +110,17 @@ int _splitpath_s(const char* path, std::span<char> drive, std::span<char> direct
     for (std::size_t i = 0; i < parts.size(); ++i) {
         *std::ranges::copy(parts[i], buffers[i].begin()).out = '\0';
     }
+    return 0;
+}
+
+int _makepath_s(std::span<char> path, const char* drive, const char* directory, const char* name,
+                const char* extension) {
+    const std::string joined = std::string(drive) + directory + name + extension;
+    path[0] = '\0';
+    if (joined.size() >= path.size()) {
+        return ERANGE;
+    }
+    *std::ranges::copy(joined, path.begin()).out = '\0';
     return 0;
 }
 

@@ -46,6 +46,11 @@ int _mbsicmp(const char* a, const char* b);
 int _splitpath_s(const char* path, std::span<char> drive, std::span<char> directory,
                  std::span<char> name, std::span<char> extension);
 
+/// Joins the parts that _splitpath_s gives; they hold their separators. 0 when done; ERANGE, with
+/// an empty string in path, when it is too small.
+int _makepath_s(std::span<char> path, const char* drive, const char* directory, const char* name,
+                const char* extension);
+
 /// Copies at most byteCount bytes of text, whole characters only, and the terminator. 0 when done;
 /// an errno value, with an empty string in a target that has room for one, when target is too small
 /// (ERANGE) or a pointer is null (EINVAL).

@@ -2,6 +2,7 @@
 
 #include <CKVFrameBuffer.h>
 
+#include "surface/bgr_rows.h"
 #include "surface/holds.h"
 
 namespace {
@@ -10,14 +11,6 @@ namespace {
 // bits than 32 bits count.
 std::size_t RowBytes24(DWORD width) {
     return (std::size_t{width} * 24 + 31) / 32 * 4;
-}
-
-void DropKeys(BYTE* dst, const BYTE* src, std::size_t pixels) {
-    for (std::size_t i = 0; i < pixels; ++i, dst += 3, src += 4) {
-        dst[0] = src[0];
-        dst[1] = src[1];
-        dst[2] = src[2];
-    }
 }
 
 }  // namespace
@@ -34,7 +27,7 @@ int CKVFrameBuffer::CopyBitmap24(BYTE* dst, tagBITMAPINFOHEADER* header, int top
     const std::size_t height = GetHeight();
     for (std::size_t y = 0; y < height; ++y) {
         const std::size_t row = topDown != 0 ? y : height - 1 - y;
-        DropKeys(dst + row * rowBytes, m_BufferByte + y * GetLineByte(), GetWidth());
+        kv::DropKeys(dst + row * rowBytes, m_BufferByte + y * GetLineByte(), GetWidth());
     }
     if (header != nullptr) {
         *header = {};

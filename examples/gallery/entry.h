@@ -28,6 +28,7 @@ std::span<const Entry> Textures();
 std::span<const Entry> Shapes();
 std::span<const Entry> Images();
 std::span<const Entry> Pixels();
+std::span<const Entry> Bitmaps();
 std::span<const Entry> Files();
 
 /// Makes the picture and fills it with an evening sky, opaque, for light titles.

@@ -182,7 +182,12 @@ void UnpackIndices(unsigned int bits, const BYTE* row, std::size_t count, BYTE* 
         std::memcpy(indices, row, count);
         return;
     }
-    for (std::size_t i = 0; i < count; ++i) {
+    std::size_t i = 0;
+    for (; bits == 4 && i + 2 <= count; i += 2) {
+        indices[i] = row[i / 2] >> 4;
+        indices[i + 1] = row[i / 2] & 0x0F;
+    }
+    for (; i < count; ++i) {
         indices[i] = IndexAt(bits, row, i);
     }
 }
@@ -192,7 +197,11 @@ void PackIndices(unsigned int bits, const BYTE* indices, std::size_t count, BYTE
         std::memcpy(row, indices, count);
         return;
     }
-    for (std::size_t i = 0; i < count; ++i) {
+    std::size_t i = 0;
+    for (; bits == 4 && i + 2 <= count; i += 2) {
+        row[i / 2] = static_cast<BYTE>(indices[i] << 4 | (indices[i + 1] & 0x0F));
+    }
+    for (; i < count; ++i) {
         PutIndex(bits, row, i, indices[i]);
     }
 }

@@ -18,6 +18,11 @@ Lanes Load(const BYTE* bytes) {
     return lanes;
 }
 
+bool AllSet(Lanes lanes) {
+    const auto halves = reinterpret_cast<Halves>(lanes);
+    return (halves[0] & halves[1]) == ~std::uint64_t{0};
+}
+
 // A run is worth a packet of its own inside literal pixels from this length on; its pixels equal
 // those kPeriod before them.
 struct EightBits {
@@ -89,6 +94,10 @@ template <typename Coding>
 std::size_t RunLength(std::span<const BYTE> pixels) {
     const std::size_t most = std::min(pixels.size(), kMostOfPacket);
     std::size_t length = std::min(most, Coding::kPeriod);
+    while (length + sizeof(Lanes) <= most &&
+           AllSet(Load(&pixels[length]) == Load(&pixels[length - Coding::kPeriod]))) {
+        length += sizeof(Lanes);
+    }
     while (length < most && pixels[length] == pixels[length - Coding::kPeriod]) {
         ++length;
     }

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <limits>
 #include <vector>
 
 #include "platform/dib/colour_bitmap.h"
@@ -116,11 +117,15 @@ void DrawRows(ColourBitmap& target, const Axis& columns, const Axis& rows, RowRe
     std::vector<DWORD> colours(count);
     const bool straight = columns.source.front() == low && source.size() == count;
     const bool backwards = rows.source.front() > rows.source.back();
+    std::size_t shown = std::numeric_limits<std::size_t>::max();
     for (std::size_t i = 0; i < rows.source.size(); ++i) {
         const std::size_t at = backwards ? rows.source.size() - 1 - i : i;
-        reader.Read(rows.source[at], low, source);
-        for (std::size_t x = 0; !straight && x < count; ++x) {
-            colours[x] = source[columns.source[x] - low];
+        if (rows.source[at] != shown) {
+            shown = rows.source[at];
+            reader.Read(shown, low, source);
+            for (std::size_t x = 0; !straight && x < count; ++x) {
+                colours[x] = source[columns.source[x] - low];
+            }
         }
         kv::dib::PackRow(target.Rows(), target.Row(static_cast<LONG>(rows.first + at)),
                          columns.first, count, straight ? source.data() : colours.data());

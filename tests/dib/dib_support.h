@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/memory_file.h"
+#include "tests/support/temp_folder.h"
 
 namespace dib {
 
@@ -106,10 +107,7 @@ inline std::vector<DWORD> Shown(CDib& dib) {
 /// A folder of its own for a test's files.
 class Folder : public testing::Test {
   protected:
-    void SetUp() override { ASSERT_NE(mkdtemp(m_Folder.data()), nullptr); }
-    ~Folder() override { static_cast<void>(std::system(("rm -r '" + m_Folder + "'").c_str())); }
-
-    std::string Path(const std::string& name) const { return m_Folder + "/" + name; }
+    std::string Path(const std::string& name) const { return m_Folder / name; }
     std::string Written(const std::string& name, const Bytes& bytes) const {
         std::ofstream(Path(name), std::ios::binary)
             .write(reinterpret_cast<const char*>(bytes.data()),
@@ -122,7 +120,7 @@ class Folder : public testing::Test {
         return {text.begin(), text.end()};
     }
 
-    std::string m_Folder = testing::TempDir() + "kvdraw_dib_XXXXXX";
+    TempFolder m_Folder;
 };
 
 }  // namespace dib

@@ -52,7 +52,7 @@ TEST_F(DibMapFile, RefusedFilesLeaveTheObject) {
         dib::Put(bytes, at, value);
         refuse(bytes);
     }
-    EXPECT_EQ(dib.AttachMapFile(m_Folder.c_str(), 1), 0);
+    EXPECT_EQ(dib.AttachMapFile(Path("").c_str(), 1), 0);
     EXPECT_EQ(dib.AttachMapFile(Path("missing").c_str(), 1), 0);
     EXPECT_EQ(dib.AttachMapFile(nullptr, 1), 0);
 }

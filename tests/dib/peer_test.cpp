@@ -7,14 +7,13 @@ namespace {
 class DibPeer : public dib::Folder {
   protected:
     void SetUp() override {
-        Folder::SetUp();
         if (!Run("convert -list format | grep -q BMP3")) {
             GTEST_SKIP() << "no ImageMagick";
         }
     }
     // Runs a command within the folder.
     bool Run(const std::string& command) const {
-        return std::system(("cd '" + m_Folder + "' && " + command + " 2>/dev/null").c_str()) == 0;
+        return std::system(("cd '" + Path("") + "' && " + command + " 2>/dev/null").c_str()) == 0;
     }
     // The pictures 0.bmp and so on as that program shows them.
     std::vector<std::vector<DWORD>> Peers(std::size_t count) const {
