@@ -85,7 +85,7 @@ void BM_TurnedLineOfGlyphs(benchmark::State& state) {
             contours.Clear();
             PathBuilder path(contours);
             AddGlyph(path, i * kGlyphSize);
-            sink.Begin(0);
+            sink.Begin(0, int(i * kGlyphSize), int((i + 1) * kGlyphSize));
             converter.Convert(contours, FillRule::kWinding, sink.Bounds(), sink);
             sink.End();
         }

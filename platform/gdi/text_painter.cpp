@@ -1,5 +1,6 @@
 #include "platform/gdi/text_painter.h"
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 #include <optional>
@@ -37,6 +38,18 @@ Affine Turn(int angle, const TextTarget& target) {
     }
     return {cosine, sine,   static_cast<double>(target.x),
             -sine,  cosine, static_cast<double>(target.y)};
+}
+
+/// The columns that contours reach into.
+Run ColumnsOf(const Contours& contours) {
+    if (contours.points.empty()) {
+        return {0, 0};
+    }
+    const auto [first, last] =
+        std::minmax_element(contours.points.begin(), contours.points.end(),
+                            [](const FixedPoint& a, const FixedPoint& b) { return a.x < b.x; });
+    return {SaturateToInt32(first->x >> kSubpixelBits),
+            SaturateToInt32((last->x >> kSubpixelBits) + 1)};
 }
 
 bool Fits32(std::int64_t value) {
@@ -141,7 +154,8 @@ void TextPainter::DrawDownwards(const PlacedGlyph& placed, const GlyphOutline& o
     m_Contours.Clear();
     PathBuilder path(m_Contours);
     outline.Trace(path, GlyphToCell(placed, outline));
-    sink.Begin(static_cast<std::int32_t>(y));
+    const auto [left, right] = ColumnsOf(m_Contours);
+    sink.Begin(static_cast<std::int32_t>(y), left, right);
     m_Converter.Convert(m_Contours, FillRule::kWinding, sink.Bounds(), sink);
     sink.End();
 }

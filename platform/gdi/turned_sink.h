@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <vector>
 
 #include "platform/gdi/bit_run.h"
@@ -15,15 +17,22 @@ class TurnedSink final : public RunSink {
   public:
     TurnedSink(BitSurface& surface, std::int32_t x, bool value);
 
-    /// Begins a shape.
-    void Begin(std::int32_t y) { m_Y = y; }
-    /// The surface as the shape sees it: the clip to convert with.
+    /// Begins a shape that lies in its columns from `left` to right - 1. Memory is taken for those
+    /// only, since a surface may be as high as a record claims a line to be long.
+    void Begin(std::int32_t y, std::int32_t left, std::int32_t right);
+    /// The surface and the shape's columns as the shape sees them: the clip to convert with.
     Clip Bounds() const;
     void Row(std::int32_t row, std::span<const Run> runs) override;
     /// Ends a shape: only then all of it is on the surface.
     void End();
 
   private:
+    static constexpr std::size_t kNone = ~std::size_t{0};
+
+    std::size_t ChangeAt(std::int32_t column) const {
+        return static_cast<std::size_t>(std::int64_t{column} + m_Y - m_Top);
+    }
+
     BitSurface& m_Surface;
     std::int32_t m_X;
     std::int32_t m_Y = 0;
@@ -32,8 +41,10 @@ class TurnedSink final : public RunSink {
     // from each row of the surface to the next.
     std::int64_t m_Word = 0;
     std::vector<BitWord> m_Changes;
-    std::size_t m_First;  ///< the rows with changes
-    std::size_t m_Last = 0;
+    std::int32_t m_Top = 0;  ///< the surface's row of the first of them
+    std::int32_t m_Bottom = 0;
+    std::size_t m_First = kNone;  ///< those that are not 0 lie from here
+    std::size_t m_Last = 0;       ///< to here
 };
 
 }  // namespace kv::gdi

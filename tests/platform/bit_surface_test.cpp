@@ -81,7 +81,7 @@ TEST(BitSurfaceTest, TurningEqualsAPixelLoop) {
         const Rows from = Read(*source);
         Rows expected = Read(*target);
         TurnedSink sink(*target, x, value);
-        sink.Begin(y);
+        sink.Begin(y, 0, source->Width());
         const Clip clip = sink.Bounds();
         for (std::int32_t v = std::max(clip.top, 0); v < std::min(clip.bottom, source->Height());
              ++v) {
