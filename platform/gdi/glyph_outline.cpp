@@ -1,5 +1,7 @@
 #include "platform/gdi/glyph_outline.h"
 
+#include <new>
+
 #include FT_OUTLINE_H
 #include FT_TRUETYPE_TABLES_H
 
@@ -36,17 +38,26 @@ class OutlineReader {
             },
             0,
             0};
-        return FT_Outline_Decompose(&source, &functions, this) == 0;
+        const FT_Error error = FT_Outline_Decompose(&source, &functions, this);
+        if (error == FT_Err_Out_Of_Memory) {
+            throw std::bad_alloc();
+        }
+        return error == 0;
     }
 
   private:
     static OutlineReader& Of(void* self) { return *static_cast<OutlineReader*>(self); }
 
-    int Add(GlyphOutline::Verb verb, std::initializer_list<const FT_Vector*> list) {
-        m_Outline.verbs.push_back(verb);
-        for (const FT_Vector* point : list) {
-            m_Outline.points.push_back(
-                {static_cast<double>(point->x) * m_Unit, static_cast<double>(point->y) * m_Unit});
+    // No exception may pass through FreeType's C functions: an error code ends the walk.
+    int Add(GlyphOutline::Verb verb, std::initializer_list<const FT_Vector*> list) noexcept {
+        try {
+            m_Outline.verbs.push_back(verb);
+            for (const FT_Vector* point : list) {
+                m_Outline.points.push_back({static_cast<double>(point->x) * m_Unit,
+                                            static_cast<double>(point->y) * m_Unit});
+            }
+        } catch (const std::bad_alloc&) {
+            return FT_Err_Out_Of_Memory;
         }
         return 0;
     }
