@@ -153,9 +153,11 @@ void LineLayout::Measure(const std::string& text) {
 // The line is measured anew, and that is its length, whatever was aimed at.
 void LineLayout::FitToArea(const std::string& measured) {
     const std::int64_t s = Scale();
+    const auto count = static_cast<std::int64_t>(_mbslen(measured.c_str()));
+    // Bounds beyond any distance would only overflow what they are multiplied with.
     const FitOutcome fit =
-        Fit({m_Length, AreaLength() * s, static_cast<std::int64_t>(_mbslen(measured.c_str())),
-             m_Extra, m_Info.FitSpMax_Min * s, m_Info.FitSpMax_Max * s, m_Info.FitMode == 2});
+        Fit({m_Length, AreaLength() * s, count, m_Extra, SaturateToInt32(m_Info.FitSpMax_Min * s),
+             SaturateToInt32(m_Info.FitSpMax_Max * s), m_Info.FitMode == 2});
     m_Extra = SaturateToInt32(fit.extra);
     if (fit.resized) {
         m_Font.lfWidth = FittedWidth(fit);
@@ -179,8 +181,13 @@ LONG LineLayout::FittedWidth(const FitOutcome& fit) const {
 void LineLayout::Draw(CKVMonoBitmap& mask) {
     mask.Delete();
     const tagSIZE size = MaskSize();
+    // The mask first: a picture beyond what it can hold is not even begun.
+    if (mask.Create(size.cx, size.cy) != 0) {
+        return;
+    }
     CBitmap bitmap;
     if (!bitmap.CreateBitmap(size.cx, size.cy, 1, 1, nullptr)) {
+        mask.Delete();
         return;
     }
     m_Dc.SelectObject(bitmap);
@@ -188,7 +195,6 @@ void LineLayout::Draw(CKVMonoBitmap& mask) {
     m_Dc.SetBkColor(kBlack);
     m_Dc.BitBlt(0, 0, size.cx, size.cy, nullptr, 0, 0, BLACKNESS);
     DrawLine();
-    mask.Create(size.cx, size.cy);
     bitmap.GetBitmapBits(mask.Size, mask.Bits);
 }
 

@@ -5,6 +5,7 @@
 #include <CDrawText.h>
 #include <KVUtf8.h>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 namespace {
 
@@ -62,6 +63,37 @@ TEST(HorizontalLine, EmptyTextAndUnknownScaleGiveNoMask) {
         EXPECT_EQ(line.mask.Bits, nullptr);
         EXPECT_EQ(text.GetNextAddress(), scale == 16 ? CPoint(100, 200) : CPoint(7, 8));
     }
+}
+
+// What a call adds to the most memory that the process ever held, in MB.
+template <class Call>
+LONG MemoryOf(const Call& call) {
+    rusage before{}, after{};
+    getrusage(RUSAGE_SELF, &before);
+    call();
+    getrusage(RUSAGE_SELF, &after);
+    return static_cast<LONG>((after.ru_maxrss - before.ru_maxrss) / 1024);
+}
+
+TEST(HorizontalLine, MaskBeyondTheLargestTakesNoMemory) {
+    CDrawText text = Line(kLatin, "xx");
+    text.SetAntiScale(1);
+    text.SetSize(40, 100);
+    text.SetSpace(1 << 30);  // 5 GB
+    EXPECT_LT(MemoryOf([&] { EXPECT_EQ(LayOut(text).mask.Bits, nullptr); }), 100);
+}
+
+TEST(VerticalLine, MemoryIsThatOfItsPicture) {
+    CDrawText text = Line(kLatin, "xx");
+    text.SetAntiScale(1);
+    text.SetSize(9, 100);
+    text.SetSpace(1 << 24);
+    Layout line;
+    const LONG megabytes = MemoryOf([&] {
+        text.NomDispBwBmpV(nullptr, &text.m_Font, text.GetString(), &line.mask, &line.pos);
+    });
+    EXPECT_EQ(line.mask.Size >> 20, 32U);
+    EXPECT_LT(megabytes, 130);  // the bitmap's, the mask's and the fonts'
 }
 
 TEST(FontFbDisp, OtherDirectionsDrawNothing) {
