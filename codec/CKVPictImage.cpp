@@ -8,9 +8,12 @@
 
 #include "base/bytes.h"
 #include "codec/pict_format.h"
+#include "codec/pict_opcodes.h"
 #include "codec/transfer.h"
 
 namespace {
+
+using kv::pict::OpcodeReader;
 
 constexpr DWORD kReadChunk = 16384;
 constexpr DWORD kResolution = 72 << 16;  // 72.0 pixels an inch
@@ -49,22 +52,8 @@ tagFMT_PICT_PIXMAP ParsePixmap(std::span<const BYTE, kv::pict::kPixmapBytes> byt
     return pixmap;
 }
 
-template <std::size_t kBytes>
-std::optional<std::array<BYTE, kBytes>> ReadBytes(CFile& file) {
-    std::array<BYTE, kBytes> bytes;
-    if (file.Read(bytes.data(), kBytes) < kBytes) {
-        return std::nullopt;
-    }
-    return bytes;
-}
-
-std::optional<WORD> ReadWord(CFile& file) {
-    const auto bytes = ReadBytes<2>(file);
-    return bytes ? std::optional(kv::ByteReader(*bytes).U16Be()) : std::nullopt;
-}
-
-bool IsVersion2(CFile& file) {
-    const auto bytes = ReadBytes<14>(file);
+bool IsVersion2(OpcodeReader& file) {
+    const auto bytes = file.Bytes<14>();
     if (!bytes) {
         return false;
     }
@@ -73,37 +62,37 @@ bool IsVersion2(CFile& file) {
     return reader.U16Be() == kv::pict::kVersionOpcode && reader.U16Be() == kv::pict::kVersion2;
 }
 
-bool SkipRegion(CFile& file) {
-    const std::optional<WORD> length = ReadWord(file);  // counts itself
+bool SkipRegion(OpcodeReader& file) {
+    const std::optional<WORD> length = file.Word();  // counts itself
     if (!length || *length < 2) {
         return false;
     }
-    file.Seek(*length - 2, CFile::current);
+    file.Skip(*length - 2U);
     return true;
 }
 
-bool SkipLongComment(CFile& file) {
-    const std::optional<WORD> kind = ReadWord(file);
-    const std::optional<WORD> length = ReadWord(file);
+bool SkipLongComment(OpcodeReader& file) {
+    const std::optional<WORD> kind = file.Word();
+    const std::optional<WORD> length = file.Word();
     if (!kind || !length) {
         return false;
     }
-    file.Seek(*length, CFile::current);
+    file.Skip(*length);
     return true;
 }
 
 // Moves behind the data of an opcode before the pixel map. False for an opcode that tells of no
 // such map, and when the file ended. Opcodes that are not known here pass as if they had no data.
-bool SkipData(CFile& file, WORD opcode) {
+bool SkipData(OpcodeReader& file, WORD opcode) {
     switch (opcode) {
         case kv::pict::kClipRegion:
             return SkipRegion(file);
         case kv::pict::kShortComment:
-            return ReadWord(file).has_value();
+            return file.Word().has_value();
         case kv::pict::kLongComment:
             return SkipLongComment(file);
         case kv::pict::kExtendedHeader:
-            return ReadBytes<kv::pict::kExtendedHeaderBytes>(file).has_value();
+            return file.Bytes<kv::pict::kExtendedHeaderBytes>().has_value();
         case kv::pict::kBitsRect:
         case kv::pict::kBitsRgn:
         case kv::pict::kPackBitsRect:
@@ -117,18 +106,18 @@ bool SkipData(CFile& file, WORD opcode) {
 }
 
 // The first pixel map of the opcodes, which lie back to back.
-std::optional<tagFMT_PICT_PIXMAP> FindPixmap(CFile& file) {
-    std::optional<WORD> opcode = ReadWord(file);
+std::optional<tagFMT_PICT_PIXMAP> FindPixmap(OpcodeReader& file) {
+    std::optional<WORD> opcode = file.Word();
     while (opcode && *opcode != kv::pict::kDirectBitsRect) {
         if (!SkipData(file, *opcode)) {
             return std::nullopt;
         }
-        opcode = ReadWord(file);
+        opcode = file.Word();
     }
     if (!opcode) {
         return std::nullopt;
     }
-    const auto bytes = ReadBytes<kv::pict::kPixmapBytes>(file);
+    const auto bytes = file.Bytes<kv::pict::kPixmapBytes>();
     return bytes ? std::optional(ParsePixmap(*bytes)) : std::nullopt;
 }
 
@@ -227,14 +216,16 @@ int CKVPictImage::LoadImg_Proc(CFile* file, CKVFrameBuffer* fb) {
         return -1;
     }
     try {
+        OpcodeReader opcodes(*file);
         if (file->Seek(kv::pict::kPreambleBytes, CFile::begin) != kv::pict::kPreambleBytes ||
-            !IsVersion2(*file)) {
+            !IsVersion2(opcodes)) {
             return -1;
         }
-        const std::optional<tagFMT_PICT_PIXMAP> pixmap = FindPixmap(*file);
+        const std::optional<tagFMT_PICT_PIXMAP> pixmap = FindPixmap(opcodes);
         if (!pixmap) {
             return -1;
         }
+        opcodes.Settle();
         const kv::FileData data =
             kv::ReadRest(*file, std::numeric_limits<std::uint64_t>::max(), kReadChunk);
         return data.bytes == nullptr ? -1

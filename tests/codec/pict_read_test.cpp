@@ -88,6 +88,21 @@ TEST(PictRead, OpcodesBeforeThePixelMap) {
     }
 }
 
+// Opcodes lie across the blocks in which they are read, and a block is one call of the file.
+TEST(PictRead, OpcodesInFewCalls) {
+    Bytes skipped = Joined(Words({0x0C00}), Bytes(24, 0x98));
+    skipped = Joined(Joined(skipped, Words({0x00A1, 1, 6001})), Bytes(6001, 0x98));
+    skipped = Joined(skipped, Words({0x0001, 10, 0x0098, 0, 0, 0}));
+    for (std::size_t zeros = 4000; zeros < 1 << 22;
+         zeros = zeros < 4200 ? zeros + 2 : zeros * 900) {
+        MemoryFile file(File(Joined(Bytes(zeros, 0), skipped), kPixmap, kRow));
+        file.m_CallsUntilThrow = static_cast<int>(20 + zeros / 1024);
+        CKVFrameBuffer fb;
+        ASSERT_EQ(CKVPictImage().LoadImg(&file, &fb), 0) << zeros;
+        ASSERT_EQ(Pixels(fb), kPixels) << zeros;
+    }
+}
+
 TEST(PictRead, EveryValueOfEveryRecordByteHasItsResult) {
     struct Range {
         std::size_t at;  // from the version opcode
