@@ -143,9 +143,9 @@ class KVDRAW_API CDrawText : public CKVFont,
     /// the string and the texture names, not m_DispEria. 1, or 0 when the file failed; what was
     /// written by then stays in it.
     int Write(CFile* file) const;
-    /// Replaces the object's content from the file's current position, values as they come. 1, or 0
-    /// when the file failed or ended early: the fields read by then are new, the others as they
-    /// were, and the object can be used.
+    /// Replaces the object's content from the file's current position, values as they come; only
+    /// the font name's last byte is always 0. 1, or 0 when the file failed or ended early: the
+    /// fields read by then are new, the others as they were, and the object can be used.
     int Read(CFile* file);
     /// Read or Write on the archive's file; the result is dropped.
     void Serialize(CArchive& archive) override;

@@ -4,6 +4,9 @@
 #include <bit>
 #include <cstdint>
 #include <vector>
+
+#include <platform/exception.h>
+
 namespace kv {
 namespace {
 

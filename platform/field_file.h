@@ -2,11 +2,9 @@
 
 #include <array>
 #include <cstddef>
-#include <new>
 #include <span>
 
 #include <platform/archive.h>
-#include <platform/exception.h>
 #include <platform/file.h>
 #include <platform/string.h>
 
@@ -70,14 +68,12 @@ class FieldWriter {
 };
 
 /// The result of an object file's operation: 1 when transfer gives true, 0 when there is no file,
-/// when transfer gives false, or when the file or the memory throws.
+/// when transfer gives false, or when it throws.
 template <class Transfer>
 int ObjectFileResult(CFile* file, Transfer transfer) {
     try {
         return file != nullptr && transfer(*file) ? 1 : 0;
-    } catch (const CException&) {
-        return 0;
-    } catch (const std::bad_alloc&) {
+    } catch (...) {  // an application's file may throw what it likes
         return 0;
     }
 }

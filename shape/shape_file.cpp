@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <vector>
+#include <span>
 
 #include <CDrawGraph.h>
 
@@ -15,6 +15,7 @@ namespace {
 constexpr std::array<BYTE, 4> kMagic = {'D', 'G', 'O', '0'};
 constexpr std::size_t kPointSize = 8;
 constexpr std::size_t kPointsAtOnce = 512;
+using Chunk = std::array<BYTE, kPointSize * kPointsAtOnce>;
 
 template <class Fields, class Point>
 void VisitPoint(Fields& fields, Point& point) {
@@ -28,7 +29,7 @@ bool ReadPoints(kv::FieldReader& reader, CArray<CPoint, CPoint>& points) {
     if (!reader.Int32(count)) {
         return false;
     }
-    std::array<BYTE, kPointSize * kPointsAtOnce> chunk{};
+    Chunk chunk{};
     for (auto left = static_cast<std::size_t>(std::max(count, 0)); left > 0;) {
         const std::size_t asked = std::min(left, kPointsAtOnce);
         const std::size_t came =
@@ -48,13 +49,18 @@ bool ReadPoints(kv::FieldReader& reader, CArray<CPoint, CPoint>& points) {
 }
 
 void WritePoints(kv::FieldWriter& writer, const CArray<CPoint, CPoint>& points) {
-    writer.Int32(points.GetSize());
-    std::vector<BYTE> bytes(kPointSize * static_cast<std::size_t>(points.GetSize()));
-    kv::BlockWriter fields(bytes);
-    for (int i = 0; i < points.GetSize(); ++i) {
-        VisitPoint(fields, points[i]);
+    const int count = points.GetSize();
+    writer.Int32(count);
+    Chunk chunk{};
+    for (int done = 0; done < count;) {
+        const int part = std::min(count - done, static_cast<int>(kPointsAtOnce));
+        kv::BlockWriter fields(chunk);
+        for (int i = done; i < done + part; ++i) {
+            VisitPoint(fields, points[i]);
+        }
+        writer.Block(std::span(chunk).first(kPointSize * static_cast<std::size_t>(part)));
+        done += part;
     }
-    writer.Block(bytes);
 }
 
 bool ReadFields(CFile& file, CDrawGraph& shape) {

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstddef>
+#include <iterator>
 
 #include <CDrawText.h>
 
@@ -59,6 +60,7 @@ bool WriteFields(CFile& file, const CDrawText& text) {
 int CDrawText::Read(CFile* file) {
     const int result =
         kv::ObjectFileResult(file, [this](CFile& from) { return ReadFields(from, *this); });
+    *std::rbegin(m_Font.FontName) = '\0';  // GetFontName promises an end; a broken file has none
     ConnectAll();  // the strings may have moved, whatever became of the rest
     return result;
 }

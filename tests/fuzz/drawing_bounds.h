@@ -6,6 +6,7 @@
 
 #include <CDrawGraph.h>
 #include <CDrawText.h>
+#include <CImgFile.h>
 
 // What would only ask for much memory and time is brought down or left out here, and only here.
 
@@ -62,4 +63,20 @@ inline bool IsTooLarge(const CDrawGraph& shape) {
     const double height = (static_cast<double>(high[1] - low[1]) + pen) * scale;
     const double bits = width * height;
     return bits > 4e6 && bits < 1e12;
+}
+
+// Brings an object down to what can be drawn in short time. False when it cannot be.
+inline bool BoundDrawing(CDrawGraph& shape) {
+    BoundEffect(shape.m_Info);
+    return shape.GetSize() <= 40 && !IsTooLarge(shape);
+}
+
+inline bool BoundDrawing(CDrawText& text) {
+    BoundSizes(text.m_Font);
+    text.m_String = CString(text.m_String, std::min(text.m_String.GetLength(), 24));
+    return true;
+}
+
+inline bool BoundDrawing(CImgFile& /*image*/) {
+    return true;
 }

@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <cstdint>
 
 #include <CDrawGraph.h>
@@ -31,8 +30,7 @@ void ReadTwice(const std::vector<BYTE>& bytes, Object& object) {
 void DrawShape(const std::vector<BYTE>& bytes, CKVFrameBuffer& fb) {
     CDrawGraph shape;
     ReadTwice(bytes, shape);
-    BoundEffect(shape.m_Info);
-    if (shape.GetSize() > 40 || IsTooLarge(shape)) {
+    if (!BoundDrawing(shape)) {
         return;
     }
     try {
@@ -45,8 +43,7 @@ void DrawShape(const std::vector<BYTE>& bytes, CKVFrameBuffer& fb) {
 void DrawText(const std::vector<BYTE>& bytes, CKVFrameBuffer& fb) {
     CDrawText text;
     ReadTwice(bytes, text);
-    BoundSizes(text.m_Font);
-    text.m_String = CString(text.m_String, std::min(text.m_String.GetLength(), 24));
+    BoundDrawing(text);
     text.DrawFrame(nullptr, &fb);
 }
 

@@ -99,7 +99,7 @@ Layout FilledText(CDrawText& text) {
     tagKVFONTINFO& font = text.m_Font;
     layout.Number(4, font.AntiScale);
     layout.Number(8, font.AspectMode);
-    for (std::size_t i = 0; i < sizeof font.FontName; ++i) {
+    for (std::size_t i = 0; i < sizeof font.FontName - 1; ++i) {
         layout.Put(12 + i, font.FontName[i] = static_cast<char>(0x81 + i));
     }
     LONG* const fields[] = {
@@ -158,7 +158,8 @@ TEST(ObjectFileLayout, Shape) {
 }
 
 TEST(ObjectFileLayout, Text) {
-    CheckLayout<CDrawText>(FilledText, {46, 47, 128, 131, 272, 276, 292, 308, 315});
+    constexpr std::size_t kNameEnd = 12 + 33;  // a font's name always ends
+    CheckLayout<CDrawText>(FilledText, {kNameEnd, 46, 47, 128, 131, 272, 276, 292, 308, 315});
 }
 
 TEST(ObjectFileLayout, Image) {

@@ -45,9 +45,13 @@ class MemoryFile : public CFile {
     std::uint64_t m_At = 0;
     std::uint64_t m_ClaimedLength = 0;        ///< GetLength's answer when not 0
     mutable int m_CallsUntilThrow = 1 << 30;  ///< calls that succeed before one throws
+    bool m_ThrowsAnything = false;            ///< what is thrown is an int then
 
   private:
     void MayThrow() const {
+        if (m_CallsUntilThrow == 0 && m_ThrowsAnything) {
+            throw 0;
+        }
         if (m_CallsUntilThrow == 0) {
             throw CFileException(CFileException::hardIO);
         }
