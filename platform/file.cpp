@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cerrno>
-#include <string>
+#include <climits>
+#include <cstring>
 
 #include <fcntl.h>
 #include <platform/file.h>
@@ -124,11 +125,16 @@ int Prepare(int descriptor, UINT flags) {
     return state != -1 && fcntl(descriptor, F_SETFL, state & ~O_NONBLOCK) != -1 ? 0 : errno;
 }
 
-bool ParentExists(const std::string& name) {
-    const std::size_t slash = name.rfind('/');
+// Without memory of its own, since opening throws nothing. The system takes no longer path.
+bool ParentExists(const char* name) {
+    const char* const slash = std::strrchr(name, '/');
+    char parent[PATH_MAX] = {};
+    if (slash == nullptr || slash == name || slash - name >= PATH_MAX) {
+        return true;
+    }
+    std::copy(name, slash, parent);
     struct stat status {};
-    return slash == std::string::npos || slash == 0 ||
-           stat(name.substr(0, slash).c_str(), &status) == 0;
+    return stat(parent, &status) == 0;
 }
 
 bool Fail(CFileException* error, int cause, int systemError) {

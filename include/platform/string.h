@@ -7,7 +7,7 @@
 
 /// A byte string in code page 932, owned by value. The pointer it hands out stays the same until
 /// the string is changed, moved or destroyed. A length that memory cannot hold throws
-/// CMemoryException and leaves the string as it was.
+/// CMemoryException, a copy std::bad_alloc, and leaves the string as it was.
 class KVDRAW_API CString {
   public:
     CString() = default;
