@@ -53,6 +53,7 @@ TEST(PictRead, PixelsAndKeyFlagOfAllForms) {
         EXPECT_EQ(codec.LoadImg(&file, &fb), form.result);
         EXPECT_EQ(Pixels(fb), form.pixels);
         EXPECT_EQ(codec.GetKeyFlag(), form.keyFlag);
+        EXPECT_EQ(CKVPictImage(codec).GetKeyFlag(), form.keyFlag);
     }
 }
 
