@@ -34,7 +34,7 @@ std::vector<BYTE> Shown(CDib& dib) {
 // Re-encoding both ways shows the same. Large pictures only cost time; they are left out.
 void Recode(CDib& dib) {
     const std::int64_t pixels = std::int64_t{dib.GetWidth()} * dib.GetHeight();
-    if (pixels > 1 << 20) {
+    if (pixels > 1 << 15) {
         return;
     }
     CDC dc;
