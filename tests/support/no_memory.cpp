@@ -5,6 +5,8 @@
 
 int g_AllocationsLeft = -1;
 
+#if KVDRAW_OWN_NEW
+
 void* operator new(std::size_t size) {
     void* const block = g_AllocationsLeft == 0 ? nullptr : std::malloc(size + 1);
     if (block == nullptr) {
@@ -21,3 +23,5 @@ void operator delete(void* block) noexcept {
 void operator delete(void* block, std::size_t /*size*/) noexcept {
     std::free(block);
 }
+
+#endif
