@@ -18,7 +18,6 @@ Bytes Saved(const CKVFrameBuffer& fb, LONG mode = 0) {
 }
 
 TEST(PictWrite, FileToTheByte) {
-    SKIP_WITHOUT_OWN_NEW();
     CKVFrameBuffer fb(1, 1, 1);
     *fb.GetBufferDWord() = 0x44332211;
     const Bytes resolution = Words({72, 0, 72, 0});

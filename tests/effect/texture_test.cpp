@@ -103,7 +103,7 @@ TEST_F(Texture, ALostFileShowsBlack) {
 }
 
 TEST_F(Texture, PaintsWithoutMemoryForTheName) {
-    SKIP_WITHOUT_OWN_NEW();
+    SKIP_UNDER_THREAD_SANITIZER();
     MakePicture({5, 4});
     effect_test::FillRandom(m_Gray, 9, 4, 3, m_Random);
     const tagTEXTUREINFO text{1, m_File.c_str()};

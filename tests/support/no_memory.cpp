@@ -5,7 +5,7 @@
 
 int g_AllocationsLeft = -1;
 
-#if KVDRAW_OWN_NEW
+#if !KVDRAW_THREAD_SANITIZER
 
 void* operator new(std::size_t size) {
     void* const block = g_AllocationsLeft == 0 ? nullptr : std::malloc(size + 1);

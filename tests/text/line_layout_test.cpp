@@ -7,6 +7,8 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
+#include "tests/support/thread_sanitizer.h"
+
 namespace {
 
 constexpr char kLatin[] = "Arial";
@@ -84,6 +86,7 @@ TEST(HorizontalLine, MaskBeyondTheLargestTakesNoMemory) {
 }
 
 TEST(VerticalLine, MemoryIsThatOfItsPicture) {
+    SKIP_UNDER_THREAD_SANITIZER();
     CDrawText text = Line(kLatin, "xx");
     text.SetAntiScale(1);
     text.SetSize(9, 100);
