@@ -1,11 +1,13 @@
 #include <algorithm>
-#include <cstring>
+#include <cstdlib>
+#include <functional>
 #include <limits>
 #include <memory>
 #include <utility>
 
 #include <CDib.h>
 
+#include "base/narrow.h"
 #include "base/wrap.h"
 #include "dib/layout.h"
 #include "platform/dib/format.h"
@@ -104,24 +106,30 @@ int CDib::AttachImage(void* image, CSize size, int bitCount, int topDown) {
 
 int CDib::AttachMemory(void* header, int owned, void* global) {
     Empty();
-    if (header == nullptr) {
+    const std::size_t there = BytesInBlock(global, header);
+    if (header == nullptr || (there != 0 && there < kHeaderBytes)) {
         return 0;
     }
     m_Global = global;
-    m_Header = static_cast<tagBITMAPINFOHEADER*>(header);
     m_HeaderAlloc = owned == 0 ? 0 : (global != nullptr ? 2 : 1);
+    AttachBlock(header, there);
+    return 1;
+}
+
+// There are so many bytes from the header on; 0: nobody knows.
+void CDib::AttachBlock(void* header, std::size_t there) {
+    m_Header = static_cast<tagBITMAPINFOHEADER*>(header);
     ComputePaletteSize(m_Header->biBitCount);
     ComputeMetrics();
     const std::size_t imageOffset = kHeaderBytes + TableBytes(m_ColorEntries);
-    m_HeaderBytes = std::min(imageOffset, kHeaderBytes + kMostColours * sizeof(tagRGBQUAD));
     m_Image = static_cast<BYTE*>(header) + imageOffset;
-    if (const std::size_t there = BytesInBlock(global, header); there != 0) {
-        const std::size_t pixels = there - std::min(there, imageOffset);
+    if (there == 0) {
+        m_HeaderBytes = std::min(imageOffset, kHeaderBytes + kMostColours * sizeof(tagRGBQUAD));
+    } else {
         m_HeaderBytes = std::min(imageOffset, there);
-        m_SizeImage = static_cast<DWORD>(std::min<std::size_t>(m_SizeImage, pixels));
+        m_SizeImage = static_cast<DWORD>(std::min<std::size_t>(m_SizeImage, there - m_HeaderBytes));
     }
     MakePalette();
-    return 1;
 }
 
 void CDib::Empty() {
@@ -152,8 +160,7 @@ void CDib::Empty() {
 }
 
 LONG CDib::GetHeight() const {
-    const LONG height = m_Header->biHeight;
-    return height < 0 ? kv::WrapSub(0, height) : height;
+    return kv::SaturateToInt32(std::abs(std::int64_t{m_Header->biHeight}));
 }
 
 CSize CDib::GetDimensions() const {
@@ -201,7 +208,7 @@ void CDib::InstallHeader(tagBITMAPINFOHEADER* header, std::size_t bytes, LONG al
 
 std::span<const BYTE> CDib::HeaderAndColours() const {
     const std::size_t entries =
-        std::min(TableBytes(std::max(m_ColorEntries, 0)), m_HeaderBytes - kHeaderBytes) / 4;
+        std::min(TableBytes(m_ColorEntries), m_HeaderBytes - kHeaderBytes) / 4;
     return Info().first(kHeaderBytes + entries * 4);
 }
 

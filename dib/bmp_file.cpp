@@ -43,7 +43,7 @@ bool CDib::ReadPicture(CFile& file) {
     }
     const auto* header = reinterpret_cast<const tagBITMAPINFOHEADER*>(block.get());
     const std::uint64_t imageBytes = kv::dib::ImageBytes(*header);
-    if (imageBytes > there - blockBytes || kv::dib::NarrowedSize(imageBytes) == 0 ||
+    if (imageBytes > there - blockBytes ||
         !kv::dib::HoldsPicture(*header, blockBytes, imageBytes)) {
         return false;
     }

@@ -1,8 +1,8 @@
 // Bitmaps between plain and run-length rows, by way of the device.
 
 #include <algorithm>
-#include <cstring>
 #include <memory>
+#include <new>
 
 #include <CDib.h>
 
@@ -39,7 +39,7 @@ struct DeleteBitmap {
 
 }  // namespace
 
-int CDib::Compress(CDC* dc, int compress) {
+int CDib::Compress(CDC* dc, int compress) try {
     if (m_Header == nullptr || (GetBitCount() != 4 && GetBitCount() != 8) || m_Bitmap != nullptr) {
         return 0;
     }
@@ -73,4 +73,6 @@ int CDib::Compress(CDC* dc, int compress) {
     ComputePaletteSize(m_Header->biBitCount);
     MakePalette();
     return 1;
+} catch (const std::bad_alloc&) {
+    return 0;  // nothing is replaced before all memory is there
 }

@@ -56,10 +56,9 @@ DWORD NarrowedSize(std::uint64_t bytes) {
 bool HoldsPicture(const tagBITMAPINFOHEADER& header, std::uint64_t blockBytes,
                   std::uint64_t imageBytes) {
     const bool plain = header.biCompression == BI_RGB || header.biCompression == BI_BITFIELDS;
-    const std::uint64_t start = std::max<std::uint64_t>(header.biSize, kHeaderBytes);
     return header.biWidth > 0 && header.biHeight != 0 &&
            header.biHeight != std::numeric_limits<LONG>::min() &&
-           start + NeededTableBytes(header) <= blockBytes && imageBytes > 0 &&
+           kHeaderBytes + NeededTableBytes(header) <= blockBytes && NarrowedSize(imageBytes) > 0 &&
            (!plain || PlainBytes(header) <= imageBytes);
 }
 

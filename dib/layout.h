@@ -42,7 +42,8 @@ std::uint64_t ImageBytes(const tagBITMAPINFOHEADER& header);
 DWORD NarrowedSize(std::uint64_t bytes);
 
 /// True if a block of header and colours, and an image of so many bytes, hold what the header
-/// tells: a size above 0 by 0, the colours that pixels can name, all plain rows.
+/// tells: a size above 0 by 0, the colours that pixels can name, all plain rows, in no more bytes
+/// than 32 bits count. The length that the header tells for itself is not looked at.
 bool HoldsPicture(const tagBITMAPINFOHEADER& header, std::uint64_t blockBytes,
                   std::uint64_t imageBytes);
 

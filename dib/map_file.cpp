@@ -57,7 +57,7 @@ bool HoldsBitmap(std::span<const BYTE> file) {
     const std::uint64_t image = kv::dib::ImageBytes(header);
     return fileHeader.signature == kv::dib::kSignature && block <= file.size() &&
            image <= file.size() && sizeof fileHeader + block + image <= file.size() &&
-           header.biSize == kHeaderBytes && kv::dib::HoldsPicture(header, block, image);
+           kv::dib::HoldsPicture(header, block, image);
 }
 
 }  // namespace
@@ -72,8 +72,9 @@ int CDib::AttachMapFile(const char* name, int share) {
     if (!HoldsBitmap({view, kv::ViewSize(view)})) {
         return 0;
     }
-    AttachMemory(view + sizeof(FileHeader), 0, nullptr);
+    Empty();
     mapped.GiveTo(*this);
+    AttachBlock(view + sizeof(FileHeader), kv::ViewSize(view) - sizeof(FileHeader));
     return 1;
 }
 

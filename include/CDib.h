@@ -73,7 +73,8 @@ class KVDRAW_API CDib : public CObject {
     /// Takes a block of header, colours and rows, one directly behind the other, as its picture.
     /// owned 0: the caller keeps it; else it is released with the picture, by GlobalUnlock and
     /// GlobalFree when global is not null, by delete[] of bytes when it is. 0, with an empty
-    /// object, for null alone. Rows beyond the end of the global block do not count as there.
+    /// object and the block still the caller's, for null and for a global block that is too short
+    /// for a header. Colours and rows beyond the end of the global block do not count as there.
     int AttachMemory(void* header, int owned, void* global);
     /// Releases everything that is owned.
     void Empty();
@@ -114,8 +115,8 @@ class KVDRAW_API CDib : public CObject {
     /// A bitmap of the context's own with this picture, for the caller to release by DeleteObject.
     /// Null on failure, without pixels or context.
     HBITMAP CreateBitmap(CDC* dc);
-    /// Makes m_Palette of the colours, as far as the header's block holds them. 0 for a picture
-    /// without a colour table.
+    /// Makes m_Palette of the colours, as far as the header's block holds them; null when there is
+    /// no memory for it. 0 for a picture without a colour table.
     int MakePalette();
     /// Makes m_Palette the context's system palette. 0 for a picture with a colour table and for a
     /// context without a palette.
@@ -124,7 +125,7 @@ class KVDRAW_API CDib : public CObject {
     unsigned int UsePalette(CDC* dc, int background);
     /// Rewrites the pixels run-length encoded, or plain for compress 0. They become the object's
     /// own. 0, with the picture as it was, for other depths than 4 and 8, for a section, for a
-    /// top-down picture that is to be run-length, and without a context.
+    /// top-down picture that is to be run-length, and without a context or memory.
     int Compress(CDC* dc, int compress);
 
     /// These need a header, except GetDimensions, which gives 0 by 0 without.
@@ -152,6 +153,7 @@ class KVDRAW_API CDib : public CObject {
 
   private:
     int DrawPart(CDC* dc, const kv::dib::StretchBox& dest, const kv::dib::StretchBox& src);
+    void AttachBlock(void* header, std::size_t there);
     void MakeHeader(CSize size, int bitCount, int topDown);
     void InstallHeader(tagBITMAPINFOHEADER* header, std::size_t bytes, LONG alloc);
     void DetachMapFile();

@@ -45,8 +45,8 @@ int SetStretchBltMode(HDC context, int mode);
 /// colour bitmap, the nearest pixel for each. The source's y counts from the bottom row of a
 /// bottom-up bitmap. Extents of different signs mirror the picture; what lies outside either bitmap
 /// is left out. Gives the number of the bitmap's rows; 0, with nothing drawn, without a colour
-/// bitmap or COLORONCOLOR, for a bitmap that cannot be read or whose rows are not all there, and
-/// for another usage or operation.
+/// bitmap or COLORONCOLOR, for a bitmap that cannot be read or whose rows are not all there,
+/// for another usage or operation, and when memory ends, which may leave a part drawn.
 int StretchDIBits(HDC context, const kv::dib::StretchBox& target, const kv::dib::StretchBox& source,
                   std::span<const BYTE> pixels, std::span<const BYTE> info, UINT usage,
                   DWORD operation);
@@ -63,7 +63,7 @@ HBITMAP CreateDIBitmap(HDC context, DWORD init, std::span<const BYTE> pixels,
 /// Writes the picture of an indexed bitmap in its own depth, 4 or 8, plain or run-length as info
 /// asks, and its colours into info as far as it has room; run-length pictures have the bottom row
 /// first. Empty pixels ask for the size alone. biSizeImage becomes the size either way. Gives the
-/// number of rows; 0 for another format and for pixels that do not fit.
+/// number of rows; 0 for another format, for pixels that do not fit and when memory ends.
 int GetDIBits(HDC context, HBITMAP bitmap, std::span<BYTE> pixels, std::span<BYTE> info,
               UINT usage);
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 #include <limits>
+#include <new>
 
 #include "platform/dib/colour_bitmap.h"
 #include "platform/dib/device.h"
@@ -14,13 +15,15 @@ using kv::dib::Format;
 
 namespace {
 
-HBITMAP MakeHandle(std::shared_ptr<ColourBitmap> bitmap) {
+HBITMAP MakeHandle(std::shared_ptr<ColourBitmap> bitmap) try {
     if (bitmap == nullptr) {
         return nullptr;
     }
     auto handle = std::make_unique<CBitmap>();
     handle->m_Colour = std::move(bitmap);
     return handle.release();
+} catch (const std::bad_alloc&) {
+    return nullptr;
 }
 
 // The rows that a device bitmap for pictures of this format has.
@@ -131,10 +134,12 @@ HBITMAP CreateDIBitmap(HDC context, DWORD init, std::span<const BYTE> pixels,
 }
 
 int GetDIBits(HDC context, HBITMAP bitmap, std::span<BYTE> pixels, std::span<BYTE> info,
-              UINT usage) {
+              UINT usage) try {
     if (context == nullptr || bitmap == nullptr || bitmap->m_Colour == nullptr ||
         usage != DIB_RGB_COLORS) {
         return 0;
     }
     return WriteDIBits(*bitmap->m_Colour, pixels, info);
+} catch (const std::bad_alloc&) {
+    return 0;
 }

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <limits>
+#include <new>
 #include <vector>
 
 #include "platform/dib/colour_bitmap.h"
@@ -136,7 +137,7 @@ void DrawRows(ColourBitmap& target, const Axis& columns, const Axis& rows, RowRe
 
 int StretchDIBits(HDC context, const StretchBox& target, const StretchBox& source,
                   std::span<const BYTE> pixels, std::span<const BYTE> info, UINT usage,
-                  DWORD operation) {
+                  DWORD operation) try {
     const auto format = kv::dib::ParseFormat(info);
     if (context == nullptr || context->GetStretchBltMode() != COLORONCOLOR ||
         context->GetCurrentBitmap().m_Colour == nullptr || usage != DIB_RGB_COLORS ||
@@ -151,4 +152,6 @@ int StretchDIBits(HDC context, const StretchBox& target, const StretchBox& sourc
         DrawRows(bitmap, columns, rows, reader);
     }
     return format->height;
+} catch (const std::bad_alloc&) {
+    return 0;
 }

@@ -46,7 +46,6 @@ TEST(DibFile, LyingFilesAreRefusedAndLeaveNothing) {
         {10, 4, 1077},
         {10, 4, 1079},
         {10, 4, 0xFFFFFFFF},
-        {14, 4, 0xFFFFFFFF},
         {18, 4, 0},
         {18, 4, 9},
         {18, 4, 0x7FFFFFFF},
@@ -92,11 +91,29 @@ TEST(DibFile, AClaimOfColoursIsBelievedOnlyAsFarAsTheyAreThere) {
         EXPECT_EQ(dib::Shown(dib), std::vector<DWORD>(4, 0x080808));
     }
     dib::Bytes more = dib::File(2, 1, 8, dib::Bytes(1024, 3), {255, 0, 0, 0});
-    dib::Put(more, 46, 1000);
-    CDib dib;
-    ASSERT_EQ(dib::Load(dib, more), 1);
-    EXPECT_EQ(dib.m_Palette->GetEntryCount(), 256);
-    EXPECT_EQ(dib::Shown(dib), std::vector<DWORD>(2, 0x030303));
+    for (const DWORD claim : {1000U, 0xFFFFFFFFU}) {
+        dib::Put(more, 46, claim);
+        CDib dib;
+        ASSERT_EQ(dib::Load(dib, more), 1);
+        ASSERT_NE(dib.m_Palette, nullptr);
+        EXPECT_EQ(dib.m_Palette->GetEntryCount(), 256);
+        EXPECT_EQ(dib::Shown(dib), std::vector<DWORD>(2, 0x030303));
+        CDib again;
+        EXPECT_EQ(dib::Load(again, dib::Saved(dib)), 1);
+    }
+}
+
+// Writing shortens a longer header to 40 bytes but leaves the length that it tells.
+TEST(DibFile, TheLengthThatAHeaderTellsDoesNotMatter) {
+    for (const DWORD length : {0U, 12U, 124U, 0xFFFFFFFFU}) {
+        dib::Bytes file = dib::File(2, 2, 24, dib::Bytes(84), dib::Bytes(16, 8));
+        dib::Put(file, 14, length);
+        CDib dib;
+        ASSERT_EQ(dib::Load(dib, file), 1);
+        CDib again;
+        ASSERT_EQ(dib::Load(again, dib::Saved(dib)), 1);
+        EXPECT_EQ(dib::Rows(again), dib::Bytes(16, 8));
+    }
 }
 
 TEST(DibFile, ExceptionsOfTheFileBecomeResults) {

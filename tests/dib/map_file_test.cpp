@@ -57,6 +57,28 @@ TEST_F(DibMapFile, RefusedFilesLeaveTheObject) {
     EXPECT_EQ(dib.AttachMapFile(nullptr, 1), 0);
 }
 
+// Longer than 40 bytes, and more colours than indices need: both come back.
+TEST_F(DibMapFile, AttachesAgainWhatItCopied) {
+    dib::Bytes file = dib::File(2, 2, 24, dib::Bytes(84), dib::Bytes(16, 8));
+    dib::Put(file, 14, 124);
+    CDib dib;
+    ASSERT_EQ(dib::Load(dib, file), 1);
+    ASSERT_EQ(dib.CopyToMapFile(Path("a.bmp").c_str()), 1);
+    dib.Empty();
+    ASSERT_EQ(dib.AttachMapFile(Path("a.bmp").c_str(), 1), 1);
+    EXPECT_EQ(dib::Saved(dib), Read(Path("a.bmp")));
+    file = dib::File(2, 2, 24, dib::Bytes(1200, 3), dib::Bytes(16, 8));
+    dib::Put(file, 2, static_cast<DWORD>(file.size()));
+    dib::Put(file, 46, 300);
+    ASSERT_EQ(dib.AttachMapFile(Written("b.bmp", file).c_str(), 1), 1);
+    EXPECT_EQ(dib.m_Palette->GetEntryCount(), 300);
+    EXPECT_EQ(dib::Saved(dib), file);
+    // Rows of more bytes than 32 bits count, all there in a file with holes.
+    file = dib::File(46000, 46000, 24, {}, {});
+    std::filesystem::resize_file(Written("c.bmp", file), std::uintmax_t{46000} * 138000 + 54);
+    EXPECT_EQ(dib.AttachMapFile(Path("c.bmp").c_str(), 1), 0);
+}
+
 TEST_F(DibMapFile, CopiesIntoAFileAndWritesThrough) {
     const std::string path = Written("new.bmp", dib::Bytes(5000, 1));
     CDib dib(9, 4, 4, 1);

@@ -44,6 +44,8 @@ TEST(DibStore, BadRequestsLeaveThePicture) {
 }
 
 TEST(DibStore, HeadersAloneAreHarmless) {
+    const TempFolder folder;
+    const std::string path = folder / "a.bmp";
     for (const CSize size : {CSize(5, 4), CSize(-5, 4), CSize(INT_MAX, INT_MIN), CSize(0, 0)}) {
         for (const int bits : {0, 7, 8, 32, 65535}) {
             CDib dib(size, bits);
@@ -51,10 +53,11 @@ TEST(DibStore, HeadersAloneAreHarmless) {
             dib::Screen screen(4, 4);
             EXPECT_EQ(dib.m_Image, nullptr);
             EXPECT_EQ(dib.Write(&file), 0);
-            EXPECT_EQ(dib.CopyToMapFile("/nonexistent/file"), 0);
+            EXPECT_EQ(dib.CopyToMapFile(path.c_str()), 0);
             EXPECT_EQ(dib.CreateBitmap(&screen.m_Dc), nullptr);
             EXPECT_EQ(dib.Compress(&screen.m_Dc, 1), 0);
             EXPECT_EQ(dib.Draw(&screen.m_Dc, {0, 0}, {4, 4}), 1);
+            EXPECT_GE(dib.GetHeight(), 0);
         }
     }
     CDib dib(CSize(5, 4), 8);
@@ -104,6 +107,28 @@ TEST(DibStore, AttachedBlocksBelongToWhoWasNamed) {
     EXPECT_EQ(liar.m_SizeImage, 8U);
     dib.Empty();
     EXPECT_EQ(GlobalSize(global), 0U);
+}
+
+// A block too short for its header is not taken; one too short for its table gives what is there.
+TEST(DibStore, ShortBlocksAreNotReadBeyond) {
+    for (const std::size_t size : {1U, 39U, 40U, 47U, 60U}) {
+        const HGLOBAL global = GlobalAlloc(GHND, size);
+        void* block = GlobalLock(global);
+        const WORD bits = 8;
+        if (size > 16) {
+            std::memcpy(static_cast<BYTE*>(block) + 14, &bits, sizeof bits);
+        }
+        CDib dib(3, 2, 24, 0);
+        ASSERT_EQ(dib.AttachMemory(block, 1, global), size < 40 ? 0 : 1);
+        EXPECT_EQ(dib.m_Header, size < 40 ? nullptr : block);
+        const int colours = dib.m_Palette != nullptr ? dib.m_Palette->GetEntryCount() : 0;
+        EXPECT_EQ(colours, size < 40 ? 0 : static_cast<int>(size - 40) / 4);
+        dib.Empty();
+        EXPECT_EQ(GlobalSize(global), size < 40 ? size : 0);
+        if (size < 40) {
+            GlobalFree(global);
+        }
+    }
 }
 
 TEST(DibStore, IsMadeByName) {

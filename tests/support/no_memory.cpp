@@ -16,6 +16,13 @@ void* operator new(std::size_t size) {
     return block;
 }
 
+// The sanitizers' own one would not go with the delete below.
+void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept try {
+    return operator new(size);
+} catch (const std::bad_alloc&) {
+    return nullptr;
+}
+
 void operator delete(void* block) noexcept {
     std::free(block);
 }
