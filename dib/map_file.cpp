@@ -1,5 +1,6 @@
 // Bitmaps in mapped files.
 
+#include <algorithm>
 #include <cstring>
 #include <utility>
 
@@ -96,9 +97,11 @@ int CDib::CopyToMapFile(const char* name) {
     std::memcpy(view + sizeof header, info.data(), info.size());
     std::memcpy(image, m_Image, m_SizeImage);
     const std::size_t infoBytes = info.size();
+    const DWORD imageBytes = m_SizeImage;
     Empty();
     InstallHeader(reinterpret_cast<tagBITMAPINFOHEADER*>(view + sizeof header), infoBytes, 0);
     m_Image = image;
+    m_SizeImage = std::min(m_SizeImage, imageBytes);  // the header may tell more
     mapped.GiveTo(*this);
     ComputePaletteSize(m_Header->biBitCount);
     MakePalette();

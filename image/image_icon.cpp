@@ -1,10 +1,11 @@
 // Small copies of a picture as files of their own.
 
 #include <CImgFile.h>
+#include <platform/exception.h>
 
 #include "platform/mbcs.h"
 
-int CImgFile::SaveIcon(const char* name, LONG width, LONG height) {
+int CImgFile::SaveIcon(const char* name, LONG width, LONG height) try {
     if (m_Img.IsBuffer() != 0 && LoadImg() != 0) {
         return -1;
     }
@@ -14,6 +15,8 @@ int CImgFile::SaveIcon(const char* name, LONG width, LONG height) {
         return -1;
     }
     return icon.ImageFileSave(icon.m_FileName, &icon.m_Img, 0, 0);
+} catch (const CMemoryException&) {
+    return -1;
 }
 
 int CImgFile::SaveIconBmp(LONG width, LONG height) {
@@ -22,10 +25,8 @@ int CImgFile::SaveIconBmp(LONG width, LONG height) {
         kv::_splitpath_s(m_FileName, drive, directory, name, extension) != 0) {
         return -1;
     }
-    CString iconName(name);
-    iconName += "_icon";
     char path[260];
-    if (kv::_makepath_s(path, drive, directory, iconName, ".bmp") != 0) {
+    if (kv::_makepath_s(path, drive, directory, name, "_icon.bmp") != 0) {
         return -1;
     }
     return SaveIcon(path, width, height);

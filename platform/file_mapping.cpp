@@ -98,6 +98,9 @@ void* MapViewOfFile(HANDLE mapping, DWORD access) {
 }
 
 bool UnmapViewOfFile(void* view) {
+    if (view == nullptr) {
+        return false;  // without making the list of views, for which there may be no memory
+    }
     Views& views = TheViews();
     const std::lock_guard hold(views.mutex);
     const auto found = views.sizes.find(view);

@@ -115,12 +115,20 @@ int _splitpath_s(const char* path, std::span<char> drive, std::span<char> direct
 
 int _makepath_s(std::span<char> path, const char* drive, const char* directory, const char* name,
                 const char* extension) {
-    const std::string joined = std::string(drive) + directory + name + extension;
+    const std::string_view parts[] = {drive, directory, name, extension};
+    std::size_t length = 0;
+    for (const std::string_view part : parts) {
+        length += part.size();
+    }
     path[0] = '\0';
-    if (joined.size() >= path.size()) {
+    if (length >= path.size()) {
         return ERANGE;
     }
-    *std::ranges::copy(joined, path.begin()).out = '\0';
+    auto end = path.begin();
+    for (const std::string_view part : parts) {
+        end = std::ranges::copy(part, end).out;
+    }
+    *end = '\0';
     return 0;
 }
 

@@ -73,6 +73,14 @@ TEST_F(DibMapFile, AttachesAgainWhatItCopied) {
     ASSERT_EQ(dib.AttachMapFile(Written("b.bmp", file).c_str(), 1), 1);
     EXPECT_EQ(dib.m_Palette->GetEntryCount(), 300);
     EXPECT_EQ(dib::Saved(dib), file);
+    // Of rows that were not all there no more are there in the file.
+    const HGLOBAL global = GlobalAlloc(GHND, 56);
+    file = dib::File(100, 100, 24, {}, dib::Bytes(16));
+    std::copy_n(file.data() + 14, 56, static_cast<BYTE*>(GlobalLock(global)));
+    ASSERT_EQ(dib.AttachMemory(GlobalLock(global), 1, global), 1);
+    ASSERT_EQ(dib.CopyToMapFile(Path("short.bmp").c_str()), 1);
+    EXPECT_EQ(dib.m_SizeImage, 16U);
+    EXPECT_EQ(dib::Shown(dib), std::vector<DWORD>(10000));
     // Rows of more bytes than 32 bits count, all there in a file with holes.
     file = dib::File(46000, 46000, 24, {}, {});
     std::filesystem::resize_file(Written("c.bmp", file), std::uintmax_t{46000} * 138000 + 54);

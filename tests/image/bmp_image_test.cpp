@@ -1,6 +1,7 @@
 #include <CImgFile.h>
 
 #include "tests/dib/dib_support.h"
+#include "tests/support/no_memory.h"
 
 namespace {
 
@@ -68,7 +69,7 @@ TEST_F(BmpImage, OtherFilesAreRefused) {
     EXPECT_EQ(m_Image.SaveImage(&*m_Image.GetImg(), Path("no/b.bmp").c_str()), -1);
     EXPECT_EQ(m_Image.SaveImage(static_cast<const CKVFrameBuffer*>(nullptr), Path("c.bmp").c_str()),
               -1);
-    EXPECT_TRUE(Read(Path("c.bmp")).empty());
+    EXPECT_FALSE(std::filesystem::exists(Path("c.bmp")));
 }
 
 TEST_F(BmpImage, IconsStandBesideThePicture) {
@@ -101,6 +102,20 @@ TEST_F(BmpImage, IconsStandBesideThePicture) {
     EXPECT_EQ(m_Image.SaveIconBmp(7, 2), -1);
     m_Image.DeleteImage();
     EXPECT_EQ(m_Image.SaveIcon(Path("d.bmp").c_str(), 7, 2), -1);
+}
+
+TEST_F(BmpImage, TheEndOfMemoryIsAFailure) {
+    const std::string path = Path(std::string(40, 'p') + ".bmp");
+    ASSERT_EQ(m_Image.SaveImage(path.c_str()), 0);
+    int calls = 0;
+    for (; WithAllocations(calls, [&] { return m_Image.SaveIconBmp(3, 2); }) != 0; ++calls) {
+        ASSERT_LT(calls, 40);
+    }
+    EXPECT_GT(calls, 0);
+    for (calls = 0; WithAllocations(calls, [&] { return m_Image.LoadImg(); }) != 0; ++calls) {
+        ASSERT_LT(calls, 40);
+    }
+    EXPECT_EQ(m_Image.GetSize(), CSize(5, 3));
 }
 
 }  // namespace
