@@ -71,7 +71,7 @@ class KVDRAW_API CImgFile : public CObject {
     int SaveImage(const char* name);
     int SaveImage(const char* name, LONG a, LONG b);
     /// The same with another picture; this object's own is not involved. An fb without a store
-    /// fails after the file has been made or emptied.
+    /// fails; a ".tga" or ".pct" file has been made or emptied by then, a ".bmp" one has not.
     int SaveImage(const CKVFrameBuffer* fb);
     int SaveImage(const CKVFrameBuffer* fb, const char* name);
     int SaveImage(const CKVFrameBuffer* fb, const char* name, LONG a, LONG b);
