@@ -1,5 +1,6 @@
 #include "platform/file_mapping.h"
 
+#include <cerrno>
 #include <map>
 #include <memory>
 #include <mutex>
@@ -39,7 +40,14 @@ UINT OpenFlags(DWORD access, DWORD share, DWORD disposition) {
 // Space is taken at once: on a full disk a write into the view would otherwise end the process.
 bool Lengthen(const CFile& file, std::uint64_t size) {
     constexpr std::uint64_t kMost = std::uint64_t{1} << 62;
-    return size <= kMost && posix_fallocate(file.GetDescriptor(), 0, static_cast<off_t>(size)) == 0;
+    if (size > kMost) {
+        return false;
+    }
+    int result = EINTR;
+    while (result == EINTR) {  // signals break off taking much space
+        result = posix_fallocate(file.GetDescriptor(), 0, static_cast<off_t>(size));
+    }
+    return result == 0;
 }
 
 std::unique_ptr<Handle> MakeMapping(const Handle& opened, DWORD protection, std::uint64_t size) {
