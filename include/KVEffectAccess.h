@@ -58,7 +58,8 @@ class KVEffectAccess {
         Record().BodyMode = 0;
     }
     DWORD GetBodyCol() const { return Record().BodyCol; }
-    /// Sets the gradient and selects it as paint. (x, y) is its centre within the layer.
+    /// Sets the gradient and selects it as paint: mode is stored and has no effect, patern is that
+    /// of tagGRADINFO, (x, y) its centre within the layer, col1 the far end, col2 the start.
     void SetBodyGrad(LONG mode, LONG patern, LONG x, LONG y, DWORD col1, DWORD col2) {
         Record().BodyGrad = {mode, patern, x, y, col1, col2};
         Record().BodyMode = 1;
@@ -82,7 +83,8 @@ class KVEffectAccess {
         Record().EdgeMode = 0;
     }
     DWORD GetEdgeCol() const { return Record().EdgeCol; }
-    /// Sets the gradient and selects it as paint. (x, y) is its centre within the layer.
+    /// Sets the gradient and selects it as paint: mode is stored and has no effect, patern is that
+    /// of tagGRADINFO, (x, y) its centre within the layer, col1 the far end, col2 the start.
     void SetEdgeGrad(LONG mode, LONG patern, LONG x, LONG y, DWORD col1, DWORD col2) {
         Record().EdgeGrad = {mode, patern, x, y, col1, col2};
         Record().EdgeMode = 1;
@@ -106,7 +108,8 @@ class KVEffectAccess {
         Record().ShadMode = 0;
     }
     DWORD GetShadCol() const { return Record().ShadCol; }
-    /// Sets the gradient and selects it as paint. (x, y) is its centre within the layer.
+    /// Sets the gradient and selects it as paint: mode is stored and has no effect, patern is that
+    /// of tagGRADINFO, (x, y) its centre within the layer, col1 the far end, col2 the start.
     void SetShadGrad(LONG mode, LONG patern, LONG x, LONG y, DWORD col1, DWORD col2) {
         Record().ShadGrad = {mode, patern, x, y, col1, col2};
         Record().ShadMode = 1;

@@ -13,6 +13,9 @@
 /// the input, becomes one '?'. Signs that Unicode has in two spellings convert from either, WAVE
 /// DASH and FULLWIDTH TILDE for one; YEN SIGN becomes the full-width one.
 KVDRAW_API CString KVFromUtf8(const char* text);
+inline CString KVFromUtf8(const std::string& text) {
+    return KVFromUtf8(text.c_str());
+}
 
 /// Code page 932 to UTF-8. What has no mapping becomes U+FFFD: an unassigned double-byte code as
 /// one, a lead byte directly before the terminator as one.
