@@ -22,4 +22,11 @@ constexpr std::uint64_t SaturatedProduct(std::initializer_list<std::uint64_t> fa
     return overflow ? std::numeric_limits<std::uint64_t>::max() : product;
 }
 
+/// Whether to make a picture of so many pixels, which a file merely claims, for so many bytes of
+/// data: always up to 2^24 pixels, beyond that only if the densest packing could hold it.
+constexpr bool MayHold(std::uint64_t size, std::uint64_t pixels, std::uint64_t mostPixelsPerByte) {
+    constexpr std::uint64_t kAlwaysMade = std::uint64_t{1} << 24;
+    return pixels <= kAlwaysMade || pixels <= SaturatedProduct({size, mostPixelsPerByte});
+}
+
 }  // namespace kv

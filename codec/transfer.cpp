@@ -13,7 +13,6 @@ constexpr UINT kOpenToWrite =
     CFile::typeBinary | CFile::modeCreate | CFile::shareExclusive | CFile::modeWrite;
 
 constexpr DWORD kWriteChunk = 16384;
-constexpr std::uint64_t kAlwaysMade = std::uint64_t{1} << 24;
 
 std::uint64_t BytesBehind(const CFile& file) {
     const std::uint64_t length = file.GetLength();
@@ -73,10 +72,6 @@ int CloseSaved(CFile& file, int result) {
         return -1;
     }
     return result;
-}
-
-bool MayHold(std::uint64_t size, std::uint64_t pixels, std::uint64_t mostPixelsPerByte) {
-    return pixels <= kAlwaysMade || pixels <= size * mostPixelsPerByte;
 }
 
 }  // namespace kv

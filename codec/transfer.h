@@ -54,8 +54,4 @@ int SaveNamed(const char* name, const Save& save) {
     return cause != 0 ? cause : CloseSaved(file, save(file));
 }
 
-/// Whether to make a picture of so many pixels, which a file merely claims, for so many bytes of
-/// data: always up to 2^24 pixels, beyond that only if the densest packing could hold it.
-bool MayHold(std::uint64_t size, std::uint64_t pixels, std::uint64_t mostPixelsPerByte);
-
 }  // namespace kv

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include "base/checked.h"
+
 namespace kv::dib {
 
 void RunLengthReader::Run(std::span<BYTE> row, std::size_t count, BYTE value) {
@@ -78,11 +80,10 @@ bool AllThere(const Format& format, std::span<const BYTE> pixels) {
     if (!format.IsRunLength()) {
         return format.PlainBytes() <= pixels.size();
     }
-    constexpr std::uint64_t kAlways = std::uint64_t{1} << 24;
     constexpr std::uint64_t kMostPixelsOfPair = 255;
     const std::uint64_t claimed =
         static_cast<std::uint64_t>(format.width) * static_cast<std::uint64_t>(format.height);
-    return claimed <= kAlways || claimed <= pixels.size() / 2 * kMostPixelsOfPair;
+    return MayHold(pixels.size() / 2, claimed, kMostPixelsOfPair);
 }
 
 }  // namespace kv::dib
