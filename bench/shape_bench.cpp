@@ -9,21 +9,13 @@
 #include <CKVFrameBuffer.h>
 #include <benchmark/benchmark.h>
 
+#include "bench/frame_memcpy.h"
+
 namespace {
 
 constexpr LONG kWidth = 1920;
 constexpr LONG kHeight = 1080;
 constexpr tagRECT kBox{60, 40, 1860, 1040};
-
-void FrameMemcpy(benchmark::State& state) {
-    const std::vector<DWORD> from(kWidth * kHeight, 0xFF123456);
-    std::vector<DWORD> to(kWidth * kHeight);
-    for (auto _ : state) {
-        std::memcpy(to.data(), from.data(), to.size() * 4);
-        benchmark::ClobberMemory();
-    }
-}
-BENCHMARK(FrameMemcpy)->Unit(benchmark::kMillisecond);
 
 void MaskMemset(benchmark::State& state) {
     std::vector<BYTE> mask(std::size_t{1810} * 2 * 1010 * 16);

@@ -1,12 +1,11 @@
 // The whole road of one line of text into a 1920x1080 frame, and its layout alone. The frame's
 // memcpy stands beside them as the measure of the machine.
 
-#include <cstring>
-#include <vector>
-
 #include <CDrawText.h>
 #include <KVUtf8.h>
 #include <benchmark/benchmark.h>
+
+#include "bench/frame_memcpy.h"
 
 namespace {
 
@@ -22,16 +21,6 @@ CDrawText TwentyCharacters() {
     text.SetShadCol(0xC0000000);
     return text;
 }
-
-void FrameMemcpy(benchmark::State& state) {
-    const std::vector<DWORD> from(kWidth * kHeight, 0xFF123456);
-    std::vector<DWORD> to(kWidth * kHeight);
-    for (auto _ : state) {
-        std::memcpy(to.data(), from.data(), to.size() * 4);
-        benchmark::ClobberMemory();
-    }
-}
-BENCHMARK(FrameMemcpy)->Unit(benchmark::kMillisecond);
 
 using Layout = int (CKVFont::*)(HWND, tagKVFONTINFO*, const char*, CKVMonoBitmap*, tagPOINT*);
 
