@@ -101,7 +101,7 @@ TEST(DibStore, AttachedBlocksBelongToWhoWasNamed) {
         EXPECT_EQ(dib.m_Palette->GetEntryCount(), 5);
     }
     // Rows that the global block does not hold are not there.
-    dib.m_Header->biHeight = 100;
+    static_cast<tagBITMAPINFOHEADER*>(locked)->biHeight = 100;
     CDib liar;
     liar.AttachMemory(locked, 0, global);
     EXPECT_EQ(liar.m_SizeImage, 8U);
