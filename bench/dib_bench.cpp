@@ -10,6 +10,7 @@
 #include <benchmark/benchmark.h>
 
 #include "bench/bmp_file.h"
+#include "bench/frame_memcpy.h"
 #include "tests/support/memory_file.h"
 
 namespace {
@@ -33,15 +34,6 @@ const CKVFrameBuffer& Picture() {
 void Save() {
     CImgFile().SaveImage(&Picture(), bench::BmpPath());
 }
-
-void Copy(benchmark::State& state) {
-    std::vector<BYTE> target(kFrameBytes);
-    for ([[maybe_unused]] auto _ : state) {
-        std::memcpy(target.data(), Picture().m_BufferByte, kFrameBytes);
-        benchmark::DoNotOptimize(target.data());
-    }
-}
-BENCHMARK(Copy)->Unit(benchmark::kMillisecond);
 
 void ReadBytes(benchmark::State& state) {
     Save();

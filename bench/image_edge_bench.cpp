@@ -1,11 +1,12 @@
 #include <algorithm>
-#include <cstring>
 #include <vector>
 
 #include <CKVBwDraw.h>
 #include <CKVFrameBuffer.h>
 #include <CKVGrayBitmap.h>
 #include <benchmark/benchmark.h>
+
+#include "bench/frame_memcpy.h"
 
 // The keys of a full frame beside the plain loop and memcpy of the frame, and the edge and shadow
 // of a picture: a solid middle of a third of the frame's width and height with soft sides.
@@ -57,17 +58,6 @@ void KeysPlain(benchmark::State& state) {
     FrameBytes(state);
 }
 
-void MemcpyFrame(benchmark::State& state) {
-    CKVFrameBuffer fb;
-    FillPicture(fb);
-    std::vector<BYTE> copy(fb.GetSize());
-    for (auto _ : state) {
-        std::memcpy(copy.data(), fb.GetBufferByte(), copy.size());
-        benchmark::ClobberMemory();
-    }
-    FrameBytes(state);
-}
-
 // An edge of 4 and a soft shadow of 8.
 tagKVBWDRAWINFO Record() {
     tagKVBWDRAWINFO info{};
@@ -105,7 +95,6 @@ void EdgeOfOwnSize(benchmark::State& state) {
 
 BENCHMARK(Keys)->Unit(benchmark::kMicrosecond);
 BENCHMARK(KeysPlain)->Unit(benchmark::kMicrosecond);
-BENCHMARK(MemcpyFrame)->Unit(benchmark::kMicrosecond);
 BENCHMARK(EdgeToFit)->Unit(benchmark::kMicrosecond);
 BENCHMARK(EdgeOfOwnSize)->Unit(benchmark::kMicrosecond);
 

@@ -2,12 +2,12 @@
 // yields between chunks, and the conversions alone. Beside them a copy of the frame, a plain
 // decoder and the packets as they are defined, which look ahead through the row.
 
-#include <cstring>
 #include <random>
 
 #include <CKVPictImage.h>
 #include <benchmark/benchmark.h>
 
+#include "bench/frame_memcpy.h"
 #include "bench/title_picture.h"
 #include "tests/support/memory_file.h"
 
@@ -50,15 +50,6 @@ std::vector<BYTE> Stored(std::int64_t kind) {
 void Kinds(benchmark::internal::Benchmark* bench) {
     bench->ArgName("kind")->DenseRange(kTitle, kPairs)->Unit(benchmark::kMillisecond);
 }
-
-void Copy(benchmark::State& state) {
-    std::vector<BYTE> target(kFrameBytes);
-    for ([[maybe_unused]] auto _ : state) {
-        std::memcpy(target.data(), Picture(kTitle).m_BufferByte, kFrameBytes);
-        benchmark::DoNotOptimize(target.data());
-    }
-}
-BENCHMARK(Copy)->Unit(benchmark::kMillisecond);
 
 void Read(benchmark::State& state) {
     MemoryFile file(Stored(state.range(0)));

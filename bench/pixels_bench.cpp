@@ -7,6 +7,7 @@
 #include <benchmark/benchmark.h>
 
 #include "base/cpu.h"
+#include "bench/frame_memcpy.h"
 #include "bench/surface_layers.h"
 
 namespace {
@@ -30,13 +31,6 @@ DWORD Luminance(DWORD pixel) {
 void MemSet(benchmark::State& state) {
     Measure(state, [](CKVFrameBuffer& frame) {
         std::memset(frame.GetBufferByte(), 0x55, frame.GetSize());
-    });
-}
-
-void MemCopy(benchmark::State& state) {
-    const CKVFrameBuffer source = bench::MakeSurface(bench::kRandom, 1);
-    Measure(state, [&](CKVFrameBuffer& frame) {
-        std::memcpy(frame.GetBufferByte(), source.GetBufferByte(), frame.GetSize());
     });
 }
 
@@ -101,7 +95,6 @@ void PlainLuminanceKey(benchmark::State& state) {
 }
 
 BENCHMARK(MemSet)->Unit(benchmark::kMillisecond);
-BENCHMARK(MemCopy)->Unit(benchmark::kMillisecond);
 BENCHMARK(Clear)->Unit(benchmark::kMillisecond);
 BENCHMARK(ClearCol)->Unit(benchmark::kMillisecond);
 BENCHMARK(ClearCross)->Unit(benchmark::kMillisecond);

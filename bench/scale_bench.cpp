@@ -3,12 +3,11 @@
 //
 // Arguments: the target's size.
 
-#include <cstring>
-
 #include <CKVFrameBuffer.h>
 #include <benchmark/benchmark.h>
 
 #include "base/cpu.h"
+#include "bench/frame_memcpy.h"
 #include "bench/surface_layers.h"
 
 namespace {
@@ -19,15 +18,6 @@ LONG Width(const benchmark::State& state) {
 
 LONG Height(const benchmark::State& state) {
     return static_cast<LONG>(state.range(1));
-}
-
-void MemCopy(benchmark::State& state) {
-    const CKVFrameBuffer source = bench::MakeSurface(bench::kRandom, 1);
-    CKVFrameBuffer target = source;
-    for (auto _ : state) {
-        std::memcpy(target.GetBufferByte(), source.GetBufferByte(), source.GetSize());
-        benchmark::ClobberMemory();
-    }
 }
 
 void Resize(benchmark::State& state) {
@@ -101,7 +91,6 @@ void Sizes(benchmark::internal::Benchmark* bench) {
     bench->Args({1280, 720})->Args({3840, 2160})->Unit(benchmark::kMillisecond);
 }
 
-BENCHMARK(MemCopy)->Unit(benchmark::kMillisecond);
 BENCHMARK(Resize)->Apply(Sizes)->Args({160, 90});
 BENCHMARK(ResizeIntoNew)->Apply(Sizes);
 BENCHMARK(BaselineResize)->Apply(Sizes);

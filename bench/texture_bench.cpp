@@ -1,4 +1,3 @@
-#include <cstring>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -8,6 +7,8 @@
 #include <CKVGrayBitmap.h>
 #include <CKVTargaImage.h>
 #include <benchmark/benchmark.h>
+
+#include "bench/frame_memcpy.h"
 
 // Textures over a full frame with strokes like those of text: the whole paint, file included,
 // beside reading the file alone, whole copies of the tile with a loop over the pixels, and memcpy.
@@ -107,22 +108,11 @@ void ScaleAlone(benchmark::State& state) {
     state.SetBytesProcessed(state.iterations() * kBytes);
 }
 
-void MemcpyFrame(benchmark::State& state) {
-    const std::vector<BYTE> from(kBytes, 17);
-    std::vector<BYTE> to(kBytes);
-    for (auto _ : state) {
-        std::memcpy(to.data(), from.data(), to.size());
-        benchmark::ClobberMemory();
-    }
-    state.SetBytesProcessed(state.iterations() * kBytes);
-}
-
 // Mode 0 centred, 1 tiled, 2 scaled; the side of the picture.
 BENCHMARK(Texture)->ArgsProduct({{0, 2}, {256}})->Unit(benchmark::kMicrosecond);
 BENCHMARK(Texture)->ArgsProduct({{1}, {1, 8, 256}})->Unit(benchmark::kMicrosecond);
 BENCHMARK(TiledPlain)->Arg(1)->Arg(8)->Arg(256)->Unit(benchmark::kMicrosecond);
 BENCHMARK(ReadFile)->Arg(256)->Unit(benchmark::kMicrosecond);
 BENCHMARK(ScaleAlone)->Arg(256)->Unit(benchmark::kMicrosecond);
-BENCHMARK(MemcpyFrame)->Unit(benchmark::kMicrosecond);
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include <benchmark/benchmark.h>
 #include <platform/sync.h>
 
+#include "bench/frame_memcpy.h"
 #include "bench/title_picture.h"
 #include "tests/support/memory_file.h"
 
@@ -36,15 +37,6 @@ std::vector<BYTE> Stored(LONG mode) {
     CKVTargaImage().SaveImage(&file, &Picture(), mode);
     return file.m_Bytes;
 }
-
-void Copy(benchmark::State& state) {
-    std::vector<BYTE> target(kFrameBytes);
-    for ([[maybe_unused]] auto _ : state) {
-        std::memcpy(target.data(), Picture().m_BufferByte, kFrameBytes);
-        benchmark::DoNotOptimize(target.data());
-    }
-}
-BENCHMARK(Copy)->Unit(benchmark::kMillisecond);
 
 void Yields(benchmark::State& state) {
     for ([[maybe_unused]] auto _ : state) {
