@@ -1,7 +1,7 @@
 #pragma once
 
-#include <platform/export.h>
-#include <platform/geometry.h>
+#include "platform/export.h"
+#include "platform/geometry.h"
 
 /// A rectangle as corner and size, in pixels. It covers columns x to x + width - 1 and rows y to
 /// y + height - 1; a width or height below 1 means empty.

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <KVEffectAccess.h>
-#include <platform/export.h>
+#include "KVEffectAccess.h"
+#include "platform/export.h"
 
 class CString;
 

@@ -3,16 +3,16 @@
 #include <cstddef>
 #include <span>
 
-#include <platform/archive.h>
-#include <platform/bitmap_header.h>
-#include <platform/dc.h>
-#include <platform/export.h>
-#include <platform/file.h>
-#include <platform/geometry.h>
-#include <platform/memory.h>
-#include <platform/object.h>
-#include <platform/palette.h>
-#include <platform/types.h>
+#include "platform/archive.h"
+#include "platform/bitmap_header.h"
+#include "platform/dc.h"
+#include "platform/export.h"
+#include "platform/file.h"
+#include "platform/geometry.h"
+#include "platform/memory.h"
+#include "platform/object.h"
+#include "platform/palette.h"
+#include "platform/types.h"
 
 namespace kv::dib {
 struct StretchBox;

@@ -1,12 +1,12 @@
 #pragma once
 
-#include <CBox.h>
-#include <KVEffectAccess.h>
-#include <KVTextureAccess.h>
-#include <platform/archive.h>
-#include <platform/array.h>
-#include <platform/object.h>
-#include <platform/string.h>
+#include "CBox.h"
+#include "KVEffectAccess.h"
+#include "KVTextureAccess.h"
+#include "platform/archive.h"
+#include "platform/array.h"
+#include "platform/object.h"
+#include "platform/string.h"
 
 class CKVFrameBuffer;
 class CKVMonoBitmap;

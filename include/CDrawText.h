@@ -1,10 +1,10 @@
 #pragma once
 
-#include <CKVFont.h>
-#include <KVEffectAccess.h>
-#include <KVTextureAccess.h>
-#include <platform/archive.h>
-#include <platform/object.h>
+#include "CKVFont.h"
+#include "KVEffectAccess.h"
+#include "KVTextureAccess.h"
+#include "platform/archive.h"
+#include "platform/object.h"
 
 /// The text drawing object: a string, a font, a position and the effect properties, drawn as one
 /// line. It owns its parameters and its strings; copies are independent of their source. Lengths

@@ -1,11 +1,11 @@
 #pragma once
 
-#include <CBox.h>
-#include <CKVFrameBuffer.h>
-#include <platform/archive.h>
-#include <platform/export.h>
-#include <platform/object.h>
-#include <platform/string.h>
+#include "CBox.h"
+#include "CKVFrameBuffer.h"
+#include "platform/archive.h"
+#include "platform/export.h"
+#include "platform/object.h"
+#include "platform/string.h"
 
 /// The drawing object for a still picture: a file name, a position, a copy mode and a picture of
 /// its own. It loads and saves the picture in the format that the file name's extension tells,

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <CBox.h>
-#include <KVDrawInfo.h>
-#include <platform/export.h>
+#include "CBox.h"
+#include "KVDrawInfo.h"
+#include "platform/export.h"
 
 class CKVFrameBuffer;
 class CKVGrayBitmap;

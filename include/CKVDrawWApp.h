@@ -1,6 +1,6 @@
 #pragma once
 
-#include <platform/module.h>
+#include "platform/module.h"
 
 /// Records of the outside resize function.
 struct KVResizeSize {

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <CBox.h>
-#include <CKVFrameBuffer.h>
-#include <CKVMonoBitmap.h>
-#include <KVFontInfo.h>
-#include <platform/string.h>
+#include "CBox.h"
+#include "CKVFrameBuffer.h"
+#include "CKVMonoBitmap.h"
+#include "KVFontInfo.h"
+#include "platform/string.h"
 
 /// Text layout: turns a string and a parameter record into a one-bit mask and its position, and the
 /// two into a picture. Stateless; a record serves one thread at a time. Strings are code page 932

@@ -1,12 +1,12 @@
 #pragma once
 
-#include <CBox.h>
-#include <CKVGrayBitmap.h>
-#include <KVBufferLock.h>
-#include <platform/bitmap_header.h>
-#include <platform/export.h>
-#include <platform/geometry.h>
-#include <platform/types.h>
+#include "CBox.h"
+#include "CKVGrayBitmap.h"
+#include "KVBufferLock.h"
+#include "platform/bitmap_header.h"
+#include "platform/export.h"
+#include "platform/geometry.h"
+#include "platform/types.h"
 
 struct tagKVBWDRAWINFO;
 

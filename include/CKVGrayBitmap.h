@@ -1,6 +1,6 @@
 #pragma once
 
-#include <KVBitmap.h>
+#include "KVBitmap.h"
 
 /// Eight-bit coverage at final size: 0 none, 255 full. A row is an even number of bytes.
 class KVDRAW_API CKVGrayBitmap : public KVBitmap {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <KVBitmap.h>
+#include "KVBitmap.h"
 
 /// The one-bit mask, drawn enlarged: bit 7 of a byte is the leftmost of its eight pixels, a set bit
 /// is a covered pixel, and a row is a whole number of 16 pixels. Who draws the mask

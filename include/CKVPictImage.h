@@ -1,9 +1,9 @@
 #pragma once
 
-#include <CKVFrameBuffer.h>
-#include <platform/export.h>
-#include <platform/file.h>
-#include <platform/types.h>
+#include "CKVFrameBuffer.h"
+#include "platform/export.h"
+#include "platform/file.h"
+#include "platform/types.h"
 
 /// A rectangle of a PICT file, in pixels; right and bottom lie behind the last ones.
 struct tagPICTRECT {

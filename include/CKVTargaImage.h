@@ -1,9 +1,9 @@
 #pragma once
 
-#include <CKVFrameBuffer.h>
-#include <platform/export.h>
-#include <platform/file.h>
-#include <platform/types.h>
+#include "CKVFrameBuffer.h"
+#include "platform/export.h"
+#include "platform/file.h"
+#include "platform/types.h"
 
 /// The header of a TGA file: 18 bytes, numbers little-endian in the file.
 struct tagTGA_HEADER {

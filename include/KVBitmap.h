@@ -1,7 +1,7 @@
 #pragma once
 
-#include <platform/export.h>
-#include <platform/types.h>
+#include "platform/export.h"
+#include "platform/types.h"
 
 /// What the mask and the coverage bitmap share. Rows run top down; the bitmap owns its bytes, and
 /// copies are deep (a copy whose memory cannot be had is left empty).

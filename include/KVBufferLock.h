@@ -3,8 +3,8 @@
 #include <condition_variable>
 #include <mutex>
 
-#include <platform/export.h>
-#include <platform/types.h>
+#include "platform/export.h"
+#include "platform/types.h"
 
 /// The reader-writer lock of one frame buffer.
 ///

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <platform/types.h>
+#include "platform/types.h"
 
 /// The effect parameter records, as every drawing object holds them. Colours are 0xKKRRGGBB with K
 /// the straight opacity key; lengths are final pixels.

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <KVDrawInfo.h>
-#include <KVScale.h>
+#include "KVDrawInfo.h"
+#include "KVScale.h"
 
 /// The effect properties of whatever holds an effect record: scale, edge and shadow form, and the
 /// paint of body, edge and shadow. Colours are 0xKKRRGGBB with a straight key K, lengths are final

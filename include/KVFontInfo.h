@@ -1,8 +1,8 @@
 #pragma once
 
-#include <KVDrawInfo.h>
-#include <platform/font.h>
-#include <platform/memory.h>
+#include "KVDrawInfo.h"
+#include "platform/font.h"
+#include "platform/memory.h"
 
 /// The text parameter record. Lengths are final pixels unless a field says otherwise. Drawing
 /// writes NextAddress_X and NextAddress_Y and the position in BwDrawInfo; everything else is input.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <platform/types.h>
+#include "platform/types.h"
 
 namespace kv {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <KVDrawInfo.h>
+#include "KVDrawInfo.h"
 
 /// The texture properties of a drawing object, which keeps the three file names in strings of its
 /// own (m_BodyFile, m_EdgeFile, m_ShadFile): the record's File pointers own nothing and point at

@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include <platform/export.h>
-#include <platform/string.h>
+#include "platform/export.h"
+#include "platform/string.h"
 
 /// The bridge for programs that hold UTF-8: the library's own strings are bytes in code page 932.
 /// Both conversions always give an answer, take null for the empty string and may run on any

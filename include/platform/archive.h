@@ -1,7 +1,7 @@
 #pragma once
 
-#include <platform/export.h>
-#include <platform/file.h>
+#include "export.h"
+#include "file.h"
 
 /// A direction of transfer tied to a file, as Serialize takes it. It holds nothing back: what an
 /// object serialises goes to the file, or comes from it, at once and at the file's own position.

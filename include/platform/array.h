@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <vector>
 
-#include <platform/exception.h>
+#include "exception.h"
 
 /// A growable list that owns its elements. Access outside the list throws CInvalidArgException.
 /// Pointers into it stay good until it grows or is emptied.

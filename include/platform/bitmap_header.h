@@ -1,6 +1,6 @@
 #pragma once
 
-#include <platform/types.h>
+#include "types.h"
 
 /// Values of biCompression.
 inline constexpr DWORD BI_RGB = 0;

@@ -3,11 +3,11 @@
 #include <memory>
 #include <span>
 
-#include <platform/export.h>
-#include <platform/font.h>
-#include <platform/geometry.h>
-#include <platform/palette.h>
-#include <platform/pen.h>
+#include "export.h"
+#include "font.h"
+#include "geometry.h"
+#include "palette.h"
+#include "pen.h"
 
 namespace kv::dib {
 class ColourBitmap;

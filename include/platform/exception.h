@@ -1,7 +1,7 @@
 #pragma once
 
-#include <platform/export.h>
-#include <platform/types.h>
+#include "export.h"
+#include "types.h"
 
 /// The exceptions of the platform layer. They are thrown by value and caught by reference; nobody
 /// deletes them.

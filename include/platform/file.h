@@ -2,9 +2,9 @@
 
 #include <cstdint>
 
-#include <platform/exception.h>
-#include <platform/export.h>
-#include <platform/types.h>
+#include "exception.h"
+#include "export.h"
+#include "types.h"
 
 /// A file of bytes, opened and closed by the object. Operations throw CFileException unless they
 /// say otherwise. An application may derive its own files, in memory for instance: all that the

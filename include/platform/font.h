@@ -1,6 +1,6 @@
 #pragma once
 
-#include <platform/types.h>
+#include "types.h"
 
 /// The platform's font records. Names are zero-terminated bytes in code page 932.
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <platform/types.h>
+#include "types.h"
 
 /// The platform's 32-bit geometry records and their classes.
 

@@ -2,8 +2,8 @@
 
 #include <cstddef>
 
-#include <platform/export.h>
-#include <platform/types.h>
+#include "export.h"
+#include "types.h"
 
 /// Global memory blocks. A handle stays the same while its block moves; the block's bytes are
 /// reached by locking it. All calls may be made from any thread; a handle that names no block is an

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <platform/export.h>
-#include <platform/types.h>
+#include "export.h"
+#include "types.h"
 
 /// A module that is loaded at run time, and an entry of it.
 using HMODULE = void*;

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <platform/export.h>
-#include <platform/types.h>
+#include "export.h"
+#include "types.h"
 
 class CArchive;
 class CDumpContext;

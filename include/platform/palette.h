@@ -3,8 +3,8 @@
 #include <memory>
 #include <vector>
 
-#include <platform/export.h>
-#include <platform/types.h>
+#include "export.h"
+#include "types.h"
 
 struct tagPALETTEENTRY {
     BYTE peRed;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <platform/types.h>
+#include "types.h"
 
 // Pens and brushes are values: selecting one copies it, so nothing can dangle.
 

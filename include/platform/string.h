@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include <platform/export.h>
+#include "export.h"
 
 /// A byte string in code page 932, owned by value. The pointer it hands out stays the same until
 /// the string is changed, moved or destroyed. A length that memory cannot hold throws
