@@ -37,6 +37,22 @@ HPALETTE SystemPalette(CDC* dc) try {
     return nullptr;
 }
 
+/// What is drawn: rows with their header and colours, and the palette that goes with them.
+struct Picture {
+    std::span<const BYTE> pixels;
+    std::span<const BYTE> info;
+    HPALETTE palette;
+};
+
+void DrawPart(CDC* dc, const kv::dib::StretchBox& dest, const Picture& picture,
+              const kv::dib::StretchBox& src) {
+    if (picture.palette != nullptr) {
+        SelectPalette(dc, picture.palette, true);
+    }
+    SetStretchBltMode(dc, COLORONCOLOR);
+    StretchDIBits(dc, dest, src, picture.pixels, picture.info, DIB_RGB_COLORS, SRCCOPY);
+}
+
 }  // namespace
 
 int CDib::Draw(CDC* dc, CPoint origin, CSize size) {
@@ -44,12 +60,18 @@ int CDib::Draw(CDC* dc, CPoint origin, CSize size) {
         return 0;
     }
     const CSize whole = GetDimensions();
-    return DrawPart(dc, {origin.x, origin.y, size.cx, size.cy}, {0, 0, whole.cx, whole.cy});
+    DrawPart(dc, {origin.x, origin.y, size.cx, size.cy}, {Pixels(), Info(), m_Palette},
+             {0, 0, whole.cx, whole.cy});
+    return 1;
 }
 
 int CDib::Draw(CDC* dc, CRect dest, CRect src) {
-    return DrawPart(dc, {dest.left, dest.top, dest.Width(), dest.Height()},
-                    {src.left, src.top, src.Width(), src.Height()});
+    if (m_Header == nullptr) {
+        return 0;
+    }
+    DrawPart(dc, {dest.left, dest.top, dest.Width(), dest.Height()}, {Pixels(), Info(), m_Palette},
+             {src.left, src.top, src.Width(), src.Height()});
+    return 1;
 }
 
 int CDib::DrawVfw(CDC* dc, CPoint origin, CSize size) {
@@ -59,18 +81,6 @@ int CDib::DrawVfw(CDC* dc, CPoint origin, CSize size) {
 
 int CDib::DrawVfw(CDC* dc, CRect dest, CRect src) {
     Draw(dc, dest, src);
-    return 1;
-}
-
-int CDib::DrawPart(CDC* dc, const kv::dib::StretchBox& dest, const kv::dib::StretchBox& src) {
-    if (m_Header == nullptr) {
-        return 0;
-    }
-    if (m_Palette != nullptr) {
-        SelectPalette(dc, m_Palette, true);
-    }
-    SetStretchBltMode(dc, COLORONCOLOR);
-    StretchDIBits(dc, dest, src, Pixels(), Info(), DIB_RGB_COLORS, SRCCOPY);
     return 1;
 }
 

@@ -14,10 +14,6 @@
 #include "platform/palette.h"
 #include "platform/types.h"
 
-namespace kv::dib {
-struct StretchBox;
-}  // namespace kv::dib
-
 /// A device-independent bitmap: a header, a colour table and rows of 1, 4, 8, 16, 24 or 32 bits a
 /// pixel, padded to 4 bytes, the bottom row first unless the header's height is negative. It is
 /// read from and written to BMP files, tied to mapped ones, and drawn onto device contexts.
@@ -152,7 +148,6 @@ class KVDRAW_API CDib : public CObject {
     void ComputeMetrics();
 
   private:
-    int DrawPart(CDC* dc, const kv::dib::StretchBox& dest, const kv::dib::StretchBox& src);
     void AttachBlock(void* header, std::size_t there);
     void MakeHeader(CSize size, int bitCount, int topDown);
     void InstallHeader(tagBITMAPINFOHEADER* header, std::size_t bytes, LONG alloc);

@@ -48,6 +48,8 @@ struct tagFMT_PICT_PIXMAP {
 /// yields the processor after every chunk of the file.
 class KVDRAW_API CKVPictImage {
   public:
+    LONG m_KeyFlag = 0;  ///< as GetKeyFlag tells
+
     CKVPictImage() = default;
     CKVPictImage(const CKVPictImage&) = default;
     CKVPictImage& operator=(const CKVPictImage&) = default;
@@ -113,7 +115,4 @@ class KVDRAW_API CKVPictImage {
     WORD ChMsbWORD(const char* p);
     DWORD ChMsbDWORD(const char* p);
     tagPICTRECT ChMsbRECT(const char* p);
-
-  private:
-    LONG m_KeyFlag = 0;
 };

@@ -31,6 +31,8 @@ static_assert(sizeof(tagTGA_HEADER) == 18);
 /// yields the processor after every chunk of the file.
 class KVDRAW_API CKVTargaImage {
   public:
+    LONG m_KeyFlag = 0;  ///< as GetKeyFlag tells
+
     CKVTargaImage() = default;
     CKVTargaImage(const CKVTargaImage&) = default;
     CKVTargaImage& operator=(const CKVTargaImage&) = default;
@@ -93,7 +95,4 @@ class KVDRAW_API CKVTargaImage {
     /// pixels, 127 at most, and in isRun 1 for a run of equal pixels, 0 for literal ones. Reads one
     /// pixel more than remain.
     int TgaCheckComp(const DWORD* pixels, LONG remaining, LONG* isRun);
-
-  private:
-    LONG m_KeyFlag = 0;
 };

@@ -17,3 +17,4 @@
 #include "CKVPictImage.h"
 #include "CKVTargaImage.h"
 #include "KVUtf8.h"
+#include "KVVersion.h"

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+
 #include "types.h"
 
 /// Values of biCompression.
@@ -8,6 +10,22 @@ inline constexpr DWORD BI_RLE8 = 1;
 inline constexpr DWORD BI_RLE4 = 2;
 inline constexpr DWORD BI_BITFIELDS = 3;  ///< three masks, red, green, blue, behind the header
 
+// Image libraries define these records and types too, with the same names and fields, and agree on
+// this guard: the header that comes first defines the whole set, the others use it.
+#ifndef _WINDOWS_
+#define _WINDOWS_
+
+#ifndef FALSE
+#define FALSE 0
+#endif
+#ifndef TRUE
+#define TRUE 1
+#endif
+
+using BOOL = std::int32_t;
+using INT64 = std::int64_t;
+using UINT64 = std::uint64_t;
+
 /// An entry of a bitmap's colour table.
 struct tagRGBQUAD {
     BYTE rgbBlue;
@@ -15,6 +33,15 @@ struct tagRGBQUAD {
     BYTE rgbRed;
     BYTE rgbReserved;
 };
+using RGBQUAD = tagRGBQUAD;
+
+/// A pixel of a 24-bit bitmap.
+struct tagRGBTRIPLE {
+    BYTE rgbtBlue;
+    BYTE rgbtGreen;
+    BYTE rgbtRed;
+};
+using RGBTRIPLE = tagRGBTRIPLE;
 
 // In a mapped file the header stands 14 bytes in, at no address fit for its numbers.
 #pragma pack(push, 1)
@@ -34,6 +61,21 @@ struct tagBITMAPINFOHEADER {
     DWORD biClrImportant;  ///< entries that matter, 0 for all
 };
 
+using BITMAPINFOHEADER = tagBITMAPINFOHEADER;
+using PBITMAPINFOHEADER = tagBITMAPINFOHEADER*;
+
+/// A header with the first of its colours directly behind it.
+struct tagBITMAPINFO {
+    tagBITMAPINFOHEADER bmiHeader;
+    tagRGBQUAD bmiColors[1];
+};
+using BITMAPINFO = tagBITMAPINFO;
+using PBITMAPINFO = tagBITMAPINFO*;
+
 #pragma pack(pop)
 
+#endif  // _WINDOWS_
+
 static_assert(sizeof(tagBITMAPINFOHEADER) == 40);
+static_assert(sizeof(tagRGBQUAD) == 4 && offsetof(tagRGBQUAD, rgbBlue) == 0,
+              "another library's colours must be blue, green, red");

@@ -78,7 +78,7 @@ using HBITMAP = CBitmap*;
 KVDRAW_API void DeleteObject(HBITMAP bitmap);
 
 /// Reads a font's logical description back; size is 60. The bytes written, 0 for a null font.
-int GetObjectA(const CFont& font, int size, LOGFONTA* description);
+KVDRAW_API int GetObjectA(const CFont& font, int size, LOGFONTA* description);
 
 /// A memory device context: a bitmap, a font, a palette, and the state of drawing. Text and shapes
 /// draw onto a one-bit bitmap alone, CDib onto a colour one; on the other kind they draw nothing.

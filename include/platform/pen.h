@@ -1,5 +1,6 @@
 #pragma once
 
+#include "export.h"
 #include "types.h"
 
 // Pens and brushes are values: selecting one copies it, so nothing can dangle.
@@ -14,7 +15,7 @@ inline constexpr DWORD PS_JOIN_MITER = 0x2000;
 inline constexpr DWORD PS_JOIN_MASK = 0xF000;
 
 /// A solid pen. A null one draws nothing.
-class CPen {
+class KVDRAW_API CPen {
   public:
     CPen() = default;
 
@@ -29,10 +30,11 @@ class CPen {
 };
 
 /// A solid brush. A null one fills nothing.
-class CBrush {
+class KVDRAW_API CBrush {
   public:
     CBrush() = default;
 
+    /// Always true.
     bool CreateSolidBrush(COLORREF colour);
     bool IsNull() const { return m_Null; }
 

@@ -13,5 +13,9 @@ using COLORREF = std::uint32_t;
 /// A window handle. Drawing uses it for nothing but naming a display; null is always good.
 using HWND = void*;
 
+/// A device context, named by its object. The one display's is null and always there.
+class CDC;
+using HDC = CDC*;
+
 /// An open file or a mapping of one.
 using HANDLE = void*;

@@ -9,8 +9,6 @@
 // nothing and makes nothing but sections. Headers and pixels come with the number of bytes that
 // may be read; nothing is read behind them.
 
-using HDC = CDC*;
-
 inline constexpr UINT DIB_RGB_COLORS = 0;
 inline constexpr DWORD SRCCOPY = 0xCC0020;
 inline constexpr DWORD CBM_INIT = 4;

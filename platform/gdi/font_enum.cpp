@@ -96,12 +96,11 @@ void DeliverEachFamily(const FontCatalogue& catalogue, Delivery& delivery) {
 }  // namespace kv::gdi
 
 HDC GetDC(HWND /*window*/) {
-    static char display = 0;
-    return &display;
+    return nullptr;
 }
 
-int ReleaseDC(HWND /*window*/, HDC dc) {
-    return dc != nullptr ? 1 : 0;
+int ReleaseDC(HWND /*window*/, HDC /*dc*/) {
+    return 1;
 }
 
 int EnumFontFamiliesA(HDC /*dc*/, const char* family, FONTENUMPROCA callback, LPARAM parameter) {

@@ -4,10 +4,9 @@
 
 #include <platform/font.h>
 
-/// The display's device context. The layer has one display, which is always there.
-using HDC = void*;
 using LPARAM = std::intptr_t;
 
+/// The display's device context: null.
 HDC GetDC(HWND window);
 int ReleaseDC(HWND window, HDC dc);
 

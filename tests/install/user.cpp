@@ -1,8 +1,12 @@
-// A user's program: draws through the installed library and tells whether anything was drawn.
+// A user's program: draws through the installed library, prints its version, and tells whether
+// anything was drawn.
+
+#include <cstdio>
 
 #include <KVDraw.h>
 
 int main() {
+    std::puts(KVVersion());
     CKVFrameBuffer picture(320, 120, 1);
     CDrawText title;
     title.SetString(KVFromUtf8("題 Title"));
