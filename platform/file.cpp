@@ -2,12 +2,16 @@
 #include <cerrno>
 #include <climits>
 #include <cstring>
+#include <memory>
+#include <new>
+#include <utility>
 
 #include <fcntl.h>
 #include <platform/file.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
+
+#include "platform/file_sharing.h"
 
 namespace {
 
@@ -88,21 +92,50 @@ int SystemFlags(UINT flags) {
     return (flags & CFile::modeCreate) != 0 ? system | O_CREAT : system;
 }
 
-// The lock that stands for a share mode, 0 for none.
-int LockOf(UINT flags) {
-    switch (flags & kShareMask) {
-        case CFile::shareExclusive:
-        case CFile::shareDenyRead:
-            return LOCK_EX;
-        case CFile::shareDenyWrite:
-            return (flags & kAccessMask) == CFile::modeRead ? LOCK_SH : LOCK_EX;
+unsigned int AccessOf(UINT flags) {
+    switch (flags & kAccessMask) {
+        case CFile::modeRead:
+            return kv::kReads;
+        case CFile::modeWrite:
+            return kv::kWrites;
         default:
-            return 0;
+            return kv::kReads | kv::kWrites;
     }
 }
 
-// Takes the share lock and only then empties the file. 0, or the error number.
-int Prepare(int descriptor, UINT flags) {
+unsigned int BarsOf(UINT flags) {
+    switch (flags & kShareMask) {
+        case CFile::shareDenyNone:
+            return 0;
+        case CFile::shareDenyRead:
+            return kv::kBarsReaders;
+        case CFile::shareDenyWrite:
+            return kv::kBarsWriters;
+        default:
+            return kv::kBarsReaders | kv::kBarsWriters;
+    }
+}
+
+// Enters a regular file in the table of open files and only then empties it.
+int Share(int descriptor, const struct stat& status, UINT flags,
+          std::unique_ptr<kv::FileShare>& share) {
+    share.reset(new (std::nothrow) kv::FileShare);
+    if (share == nullptr) {
+        return ENOMEM;
+    }
+    if (!share->Enter(descriptor, {status.st_dev, status.st_ino},
+                      AccessOf(flags) | BarsOf(flags))) {
+        return EWOULDBLOCK;
+    }
+    const bool emptied = (flags & CFile::modeCreate) != 0 && (flags & CFile::modeNoTruncate) == 0;
+    const bool writable = (AccessOf(flags) & kv::kWrites) != 0;
+    const bool failed =
+        emptied && writable && Uninterrupted([&] { return ftruncate(descriptor, 0); }) != 0;
+    return failed ? errno : 0;
+}
+
+// Makes an opened descriptor ready for use. 0, or the error number.
+int Prepare(int descriptor, UINT flags, std::unique_ptr<kv::FileShare>& share) {
     struct stat status {};
     if (fstat(descriptor, &status) != 0) {
         return errno;
@@ -110,16 +143,9 @@ int Prepare(int descriptor, UINT flags) {
     if (S_ISDIR(status.st_mode) || S_ISFIFO(status.st_mode)) {
         return EACCES;
     }
-    const int lock = LockOf(flags);
-    // Other failures mean a file system without locks.
-    if (lock != 0 && flock(descriptor, lock | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
-        return EWOULDBLOCK;
-    }
-    const bool emptied = (flags & CFile::modeCreate) != 0 && (flags & CFile::modeNoTruncate) == 0;
-    const bool writable = (flags & kAccessMask) != CFile::modeRead;
-    if (emptied && writable && S_ISREG(status.st_mode) &&
-        Uninterrupted([&] { return ftruncate(descriptor, 0); }) != 0) {
-        return errno;
+    const int problem = S_ISREG(status.st_mode) ? Share(descriptor, status, flags, share) : 0;
+    if (problem != 0) {
+        return problem;
     }
     const int state = fcntl(descriptor, F_GETFL);
     return state != -1 && fcntl(descriptor, F_SETFL, state & ~O_NONBLOCK) != -1 ? 0 : errno;
@@ -149,6 +175,7 @@ bool Fail(CFileException* error, int cause, int systemError) {
 
 CFile::~CFile() {
     if (m_Descriptor != -1) {
+        delete m_Share;
         ::close(m_Descriptor);
     }
 }
@@ -166,11 +193,14 @@ bool CFile::Open(const char* name, UINT flags, CFileException* error) {
         const bool lost = problem == ENOENT && !ParentExists(name);
         return Fail(error, lost ? CFileException::badPath : CauseOf(problem), problem);
     }
-    if (const int problem = Prepare(opened, flags); problem != 0) {
+    std::unique_ptr<kv::FileShare> share;
+    if (const int problem = Prepare(opened, flags, share); problem != 0) {
+        share.reset();
         ::close(opened);
         return Fail(error, CauseOf(problem), problem);
     }
     m_Descriptor = opened;
+    m_Share = share.release();
     return true;
 }
 
@@ -178,8 +208,8 @@ void CFile::Close() {
     if (m_Descriptor == -1) {
         return;
     }
-    const int closing = m_Descriptor;
-    m_Descriptor = -1;
+    delete std::exchange(m_Share, nullptr);
+    const int closing = std::exchange(m_Descriptor, -1);
     // Whatever the result, the descriptor is gone; an interrupted close has still closed.
     if (::close(closing) != 0 && errno != EINTR) {
         ThrowSystemError();

@@ -18,9 +18,9 @@ inline constexpr DWORD PAGE_READWRITE = 4;
 inline constexpr DWORD FILE_MAP_WRITE = 2;
 inline constexpr DWORD FILE_MAP_READ = 4;
 
-/// Opens a file; null when that fails, also where another open refuses it by its share mode.
-/// FILE_SHARE_READ lets other readers in, 0 nobody, as far as they ask for a share mode at all.
-/// CREATE_ALWAYS makes the file or empties it once it is ours.
+/// Opens a file; null when that fails, also where it does not go with how others have the file
+/// open. FILE_SHARE_READ lets other readers in, 0 nobody, until the handles of the file and of its
+/// mappings are closed. CREATE_ALWAYS makes the file or empties it once it is ours.
 HANDLE CreateFileA(const char* name, DWORD access, DWORD share, DWORD disposition);
 
 /// A mapping of the file's first size bytes, of all it has for 0. PAGE_READWRITE lengthens the

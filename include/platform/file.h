@@ -6,6 +6,10 @@
 #include "export.h"
 #include "types.h"
 
+namespace kv {
+class FileShare;
+}
+
 /// A file of bytes, opened and closed by the object. Operations throw CFileException unless they
 /// say otherwise. An application may derive its own files, in memory for instance: all that the
 /// library calls is virtual. One object serves one thread at a time.
@@ -15,11 +19,11 @@ class KVDRAW_API CFile {
         modeRead = 0x0000,
         modeWrite = 0x0001,
         modeReadWrite = 0x0002,
-        shareCompat = 0x0000,     ///< no lock, as shareDenyNone
-        shareExclusive = 0x0010,  ///< refuses every other open that shares by a lock
-        shareDenyWrite = 0x0020,  ///< a reader refuses writers; a writer acts as shareExclusive
-        shareDenyRead = 0x0030,   ///< acts as shareExclusive
-        shareDenyNone = 0x0040,   ///< no lock
+        shareCompat = 0x0000,     ///< as shareExclusive
+        shareExclusive = 0x0010,  ///< others may neither read nor write
+        shareDenyWrite = 0x0020,  ///< others may read
+        shareDenyRead = 0x0030,   ///< others may write
+        shareDenyNone = 0x0040,   ///< others may read and write
         modeNoInherit = 0x0080,   ///< always so: no child process inherits a file
         modeCreate = 0x1000,  ///< makes the file; one that is there is emptied if opened to write
         modeNoTruncate = 0x2000,  ///< with modeCreate: does not empty it
@@ -35,10 +39,18 @@ class KVDRAW_API CFile {
     virtual ~CFile();
 
     /// Opens the file of that path, which is bytes as given. False, with the cause in error when
-    /// that is not null, on failure; nothing is thrown, and a file refused by a share mode is not
-    /// emptied. Directories and pipes are refused (accessDenied), a missing directory on the way is
-    /// badPath. Sharing holds between all opens that ask for it, of this process or another one;
-    /// locks are advisory. False with genericException when this object is open already.
+    /// that is not null, on failure; nothing is thrown. Directories and pipes are refused
+    /// (accessDenied), a missing directory on the way is badPath. False with genericException when
+    /// this object is open already.
+    ///
+    /// The share mode says what others may do with a regular file until it is closed. An open that
+    /// does what an earlier one forbids, or forbids what an earlier one does, is refused
+    /// (sharingViolation) and leaves the file as it is. Within the process this holds exactly,
+    /// whatever the paths, and for the files that a CDib is tied to as well. Between processes it
+    /// holds among those that open by this library, where the file system has locks of open files
+    /// (F_OFD_SETLK); two processes that open at the same instant may then both be refused. The
+    /// locks are advisory: other programs are not kept out, but one that locks the whole file by
+    /// fcntl keeps all opens out.
     virtual bool Open(const char* name, UINT flags, CFileException* error = nullptr);
 
     /// Closes the file if it is open. It is closed even when this throws.
@@ -62,4 +74,5 @@ class KVDRAW_API CFile {
 
   private:
     int m_Descriptor = -1;
+    kv::FileShare* m_Share = nullptr;  // owned; null while closed and for what is no regular file
 };

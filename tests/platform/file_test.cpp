@@ -80,25 +80,6 @@ TEST_F(FileTest, FailedOpensNameTheirCause) {
     EXPECT_FALSE(CFile().Open(nullptr, kToRead));
 }
 
-TEST_F(FileTest, ShareModesHold) {
-    const std::string path = Written("a", "kept");
-    CFile reader;
-    ASSERT_TRUE(reader.Open(path.c_str(), kToRead));
-    EXPECT_EQ(Cause(path, kToRead), CFileException::none);
-    EXPECT_EQ(Cause(path, kToWrite), CFileException::sharingViolation);
-    EXPECT_EQ(reader.GetLength(), 4U) << "a refused writer must not have emptied the file";
-    reader.Close();
-
-    CFile writer;
-    ASSERT_TRUE(writer.Open(path.c_str(), kToWrite));
-    EXPECT_EQ(writer.GetLength(), 0U);
-    EXPECT_EQ(Cause(path, kToRead), CFileException::sharingViolation);
-    EXPECT_EQ(Cause(path, CFile::shareDenyNone | CFile::modeRead), CFileException::none);
-    EXPECT_FALSE(writer.Open(path.c_str(), kToWrite)) << "one object, one file";
-    writer.Close();
-    EXPECT_EQ(Cause(path, kToRead), CFileException::none);
-}
-
 TEST_F(FileTest, FailedOperationsThrow) {
     char byte = 0;
     CFile closed;
@@ -108,7 +89,11 @@ TEST_F(FileTest, FailedOperationsThrow) {
 
     CFile reader;
     ASSERT_TRUE(reader.Open(Written("a", "x").c_str(), kToRead));
+    EXPECT_FALSE(reader.Open(Path("a").c_str(), kToRead)) << "one object, one file";
     EXPECT_EQ(Thrown([&] { reader.Write(&byte, 1); }), CFileException::invalidFile);
+    ::close(reader.GetDescriptor());
+    EXPECT_EQ(Thrown([&] { reader.Close(); }), CFileException::invalidFile);
+    EXPECT_EQ(Cause(Path("a"), kToWrite), CFileException::none) << "closed all the same";
 
     CFile full;
     ASSERT_TRUE(full.Open("/dev/full", kToWrite));
