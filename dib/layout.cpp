@@ -9,12 +9,9 @@
 namespace kv::dib {
 namespace {
 
-// Bytes of the table that indices can reach.
+// Bytes of the table that indices can reach; none at depths without indices or without a rule.
 std::uint64_t NeededTableBytes(const tagBITMAPINFOHEADER& header) {
-    if (header.biBitCount > 8) {
-        return 0;
-    }
-    const DWORD all = DWORD{1} << header.biBitCount;
+    const auto all = static_cast<DWORD>(DefaultColours(header.biBitCount).value_or(0));
     return std::uint64_t{header.biClrUsed != 0 ? std::min(header.biClrUsed, all) : all} * 4;
 }
 

@@ -103,6 +103,19 @@ TEST(DibFile, AClaimOfColoursIsBelievedOnlyAsFarAsTheyAreThere) {
     }
 }
 
+// Depths without a rule have no colours, however many their bits could name.
+TEST(DibFile, WhatWasReadAndWrittenIsReadAgain) {
+    for (const int bits : {0, 2, 3, 7, 31}) {
+        dib::Bytes file = dib::File(4, 1, bits, {}, dib::Bytes(16, 8));
+        dib::Put(file, 2, static_cast<DWORD>(file.size()));
+        dib::Put(file, 34, 16);
+        CDib dib;
+        ASSERT_EQ(dib::Load(dib, file), 1) << bits;
+        EXPECT_EQ(dib::Saved(dib), file) << bits;
+        EXPECT_EQ(dib::Shown(dib), std::vector<DWORD>(4)) << bits;
+    }
+}
+
 // Writing shortens a longer header to 40 bytes but leaves the length that it tells.
 TEST(DibFile, TheLengthThatAHeaderTellsDoesNotMatter) {
     for (const DWORD length : {0U, 12U, 124U, 0xFFFFFFFFU}) {
