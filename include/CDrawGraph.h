@@ -75,6 +75,8 @@ class KVDRAW_API CDrawGraph : public CObject,
     void SetPie(const tagRECT* rect, double start, double end);
     void SetPolyGon(const tagPOINT* points, int count);
     /// A chain of cubic Bezier curves: a point, then two control points and an end point a curve.
+    /// Another count than 3k + 1 draws nothing but keeps its box: the mask is made for all points,
+    /// stays black, and its layer's box is what m_DispEria tells.
     void SetSpline(const tagPOINT* points, int count);
 
     LONG GetGraphType() const { return m_GraphType; }
