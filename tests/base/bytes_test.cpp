@@ -27,7 +27,7 @@ TEST(Checked, ProductsSaturate) {
     constexpr auto kMost = std::numeric_limits<std::uint64_t>::max();
     EXPECT_EQ(kv::SaturatedProduct({0xFFFFFFFF, 0xFFFFFFFF}), 0xFFFFFFFE00000001);
     EXPECT_EQ(kv::SaturatedProduct({kMost, 1}), kMost);
-    EXPECT_EQ(kv::SaturatedProduct({0xFFFFFFFF, 0xFFFFFFFF, 4}), kMost);
+    EXPECT_EQ(kv::SaturatedProduct({0xFFFFFFFF, 0xFFFFFFFF, 4, 1}), kMost);
     EXPECT_EQ(kv::SaturatedProduct({kMost, kMost, 0}), 0U);
 }
 

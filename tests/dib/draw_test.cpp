@@ -165,6 +165,16 @@ TEST(DibDraw, SectionsAreDrawnOn) {
         EXPECT_EQ(source.Draw(&dc, {0, 0}, {6, 5}), 1);
     }
     EXPECT_EQ(source.SetSystemPalette(nullptr), 0);
+    // Of entries equally near the first one stands for a colour between them.
+    CDib between(1, 1, 24, 0);
+    std::memcpy(between.m_Image, "\0\0\x14", 4);
+    CDib section(CSize(1, 1), 8);
+    section.m_ColorTable[3].rgbRed = 10;
+    section.m_ColorTable[5].rgbRed = 30;
+    CDC dc;
+    dc.SelectObject(*section.CreateSection(nullptr));
+    between.Draw(&dc, {0, 0}, {1, 1});
+    EXPECT_EQ(dib::Rows(section)[0], 3);
 }
 
 TEST(DibDraw, BitmapsAndPalettesAreMade) {

@@ -1,11 +1,13 @@
 #pragma once
 
+#include <algorithm>
 #include <random>
 #include <vector>
 
 #include <CBox.h>
 #include <CKVGrayBitmap.h>
 #include <CKVMonoBitmap.h>
+#include <gtest/gtest.h>
 
 #include "base/cpu.h"
 
@@ -50,6 +52,7 @@ template <class Function>
 void AtEachLevel(const Function& function) {
     for (const kv::CpuLevel level : {kv::CpuLevel::kBaseline, kv::CpuLevel::kAvx2}) {
         kv::ForceCpuLevel(level);
+        ASSERT_EQ(kv::ActiveCpuLevel(), std::min(level, kv::DetectedCpuLevel()));
         function();
     }
 }

@@ -158,6 +158,8 @@ TEST(Edges, RefuseWhatCannotBe) {
         EXPECT_EQ(draw.GrayMakeNomEdge(size, &source, &target), -1);
         EXPECT_EQ(draw.GrayMakeSoftEdge(size, 0, &source, &target), -1);
     }
+    EXPECT_EQ(draw.Make3DShadow(2, &source, &target), 0);
+    EXPECT_EQ(draw.Make3DShadow(3, &source, &target), -1);
     EXPECT_EQ(target.Width, 5);
     EXPECT_EQ(draw.MakeEdge(0, 0x7FFFFFFF, 0, &source, &target), -1);
 }

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/effect/coverage.h"
+#include "tests/support/no_memory.h"
 
 namespace {
 
@@ -122,7 +123,8 @@ TEST(Gradient, MakesThePlainRamp) {
     check(300, 2);
 }
 
-// The layer of a coverage at each level, against the plain ramp through it.
+// The layer of a coverage at each level, and without memory of its own, against the plain ramp
+// through it.
 void CheckLayer(const CKVGrayBitmap& gray, const tagGRADINFO& grad) {
     Pixels plain = PlainRamp(gray.Width, gray.Height, grad);
     for (std::size_t i = 0; i < plain.size(); ++i) {
@@ -130,13 +132,16 @@ void CheckLayer(const CKVGrayBitmap& gray, const tagGRADINFO& grad) {
         const DWORD g = gray.Bits[i / width * gray.Pitch + i % width];
         plain[i] = g == 0 ? 0 : (plain[i] >> 24) * g / 255 << 24 | (plain[i] & 0xFFFFFF);
     }
-    AtEachLevel([&] {
+    const auto check = [&](int allocations) {
         CKVFrameBuffer layer(2, 2, 1);
-        ASSERT_EQ(CKVBwDraw().MakeFb_Grad(&gray, &layer, &grad), 0);
+        const auto make = [&] { return CKVBwDraw().MakeFb_Grad(&gray, &layer, &grad); };
+        ASSERT_EQ(WithAllocations(allocations, make), 0);
         ASSERT_EQ(layer.GetWH(), CSize(gray.Width, gray.Height));
         const DWORD* first = layer.GetBufferDWord();
         ASSERT_EQ(Pixels(first, first + plain.size()), plain);
-    });
+    };
+    AtEachLevel([&] { check(-1); });
+    check(0);
 }
 
 TEST(Gradient, CoversTheRamp) {

@@ -50,17 +50,23 @@ class BufferLock : public testing::Test {
     int second = 0;
 };
 
-// The thread that opens the group has ended when this one, the last reader, leaves.
+// The thread that opens the group has ended when this one, the last reader, leaves. Where no reader
+// joins, this leaving is all that wakes the writer.
 TEST_F(BufferLock, WaitingWriterLetsReadersJoinAndGetsItsTurnAfterTheLast) {
-    std::jthread([&] { surface.ReadLock(); }).join();
-    std::jthread writer = Writer(second);
-    AwaitWaiting(0, 1);
-    Reader(first).join();
-    EXPECT_EQ(turns, 1);
-    surface.ReadUnlock();
-    writer.join();
-    EXPECT_EQ(second, 2);
-    EXPECT_EQ(surface.m_ReadCount, 0);
+    for (const int joining : {1, 0}) {
+        turns = 0;
+        std::jthread([&] { surface.ReadLock(); }).join();
+        std::jthread writer = Writer(second);
+        AwaitWaiting(0, 1);
+        if (joining != 0) {
+            Reader(first).join();
+        }
+        EXPECT_EQ(turns, joining);
+        surface.ReadUnlock();
+        writer.join();
+        EXPECT_EQ(second, joining + 1);
+        EXPECT_EQ(surface.m_ReadCount, 0);
+    }
 }
 
 TEST_F(BufferLock, OwnerTakesBothHoldsAgainWhileOthersWait) {
