@@ -1,9 +1,8 @@
 #pragma once
 
+#include <cstdint>
 #include <cstring>
 #include <type_traits>
-
-#include <platform/types.h>
 
 #include "base/cpu.h"
 
@@ -14,12 +13,12 @@
 
 namespace kv {
 
-using Bytes32 = BYTE __attribute__((vector_size(32)));
-using Bytes16 = BYTE __attribute__((vector_size(16)));
+using Bytes32 = std::uint8_t __attribute__((vector_size(32)));
+using Bytes16 = std::uint8_t __attribute__((vector_size(16)));
 using Quads2 = std::uint64_t __attribute__((vector_size(16)));
 using Quads4 = std::uint64_t __attribute__((vector_size(32)));
-using Dwords4 = DWORD __attribute__((vector_size(16)));
-using Dwords8 = DWORD __attribute__((vector_size(32)));
+using Dwords4 = std::uint32_t __attribute__((vector_size(16)));
+using Dwords8 = std::uint32_t __attribute__((vector_size(32)));
 using Ints4 = std::int32_t __attribute__((vector_size(16)));
 using Ints8 = std::int32_t __attribute__((vector_size(32)));
 using Words8 = std::uint16_t __attribute__((vector_size(16)));
