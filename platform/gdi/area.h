@@ -1,7 +1,6 @@
 #pragma once
 
 #include "platform/gdi/contours.h"
-#include "platform/gdi/scan_converter.h"
 
 namespace kv::gdi {
 

@@ -1,27 +1,16 @@
 #include "platform/gdi/bit_sink.h"
 
-#include <algorithm>
-#include <limits>
-
+#include "base/narrow.h"
 #include "platform/gdi/bit_run.h"
 
 namespace kv::gdi {
 
-namespace {
-
-/// A shift may put the bounds past 32 bits; what is lost there no clip can name.
-std::int32_t Saturate(std::int64_t value) {
-    return static_cast<std::int32_t>(std::clamp<std::int64_t>(
-        value, std::numeric_limits<std::int32_t>::min(), std::numeric_limits<std::int32_t>::max()));
-}
-
-}  // namespace
-
+// A shift may put the bounds past 32 bits; what is lost there no clip can name.
 Clip BitSink::Bounds() const {
     const std::int64_t left = -std::int64_t{m_X};
     const std::int64_t top = -std::int64_t{m_Y};
-    return {Saturate(left), Saturate(top), Saturate(left + m_Surface.Width()),
-            Saturate(top + m_Surface.Height())};
+    return {SaturateToInt32(left), SaturateToInt32(top), SaturateToInt32(left + m_Surface.Width()),
+            SaturateToInt32(top + m_Surface.Height())};
 }
 
 void BitSink::Row(std::int32_t row, std::span<const Run> runs) {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/gdi/bit_surface.h"
-#include "platform/gdi/scan_converter.h"
+#include "platform/gdi/runs.h"
 
 namespace kv::gdi {
 

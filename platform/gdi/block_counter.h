@@ -4,7 +4,7 @@
 #include <span>
 #include <vector>
 
-#include "platform/gdi/scan_converter.h"
+#include "platform/gdi/runs.h"
 
 namespace kv::gdi {
 

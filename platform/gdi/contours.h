@@ -28,4 +28,7 @@ struct Contours {
     }
 };
 
+/// Which points lie inside contours that cross or wind about each other.
+enum class FillRule { kAlternate, kWinding };
+
 }  // namespace kv::gdi

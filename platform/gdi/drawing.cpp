@@ -4,6 +4,7 @@
 
 #include "platform/gdi/block_counter.h"
 #include "platform/gdi/run_set.h"
+#include "platform/gdi/scan_converter.h"
 
 namespace kv::gdi {
 

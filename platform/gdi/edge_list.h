@@ -6,18 +6,9 @@
 #include <vector>
 
 #include "platform/gdi/contours.h"
+#include "platform/gdi/runs.h"
 
 namespace kv::gdi {
-
-enum class FillRule { kAlternate, kWinding };
-
-/// Half-open pixel bounds.
-struct Clip {
-    std::int32_t left;
-    std::int32_t top;
-    std::int32_t right;
-    std::int32_t bottom;
-};
 
 /// Where a side crosses a row, as one number that sorts by place: the first pixel not left of it,
 /// times kPlace, plus what it does, a CrossingKind.

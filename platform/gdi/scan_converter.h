@@ -4,25 +4,12 @@
 #include <span>
 #include <vector>
 
+#include "platform/gdi/contours.h"
+#include "platform/gdi/edge_list.h"
 #include "platform/gdi/edge_walk.h"
+#include "platform/gdi/runs.h"
 
 namespace kv::gdi {
-
-/// Pixels begin to end - 1 of one row.
-struct Run {
-    std::int32_t begin;
-    std::int32_t end;
-};
-
-/// Takes the covered pixels of a shape row by row, top down. Runs of a row are sorted, not empty,
-/// do not touch each other, and lie within the clip; a row without any is not delivered.
-class RunSink {
-  public:
-    virtual void Row(std::int32_t row, std::span<const Run> runs) = 0;
-
-  protected:
-    ~RunSink() = default;
-};
 
 /// Turns contours into runs of pixels. The object keeps its working memory from one call to the
 /// next; one serves one thread.

@@ -6,7 +6,7 @@
 
 #include "platform/gdi/bit_run.h"
 #include "platform/gdi/bit_surface.h"
-#include "platform/gdi/scan_converter.h"
+#include "platform/gdi/runs.h"
 
 namespace kv::gdi {
 
