@@ -5,7 +5,7 @@
 #include <optional>
 #include <unordered_map>
 
-#include "platform/gdi/font_catalogue.h"
+#include "platform/gdi/font_family.h"
 #include "platform/gdi/free_type.h"
 #include "platform/gdi/glyph_outline.h"
 #include "platform/gdi/vertical_glyphs.h"

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
-#include <memory>
 
 #include <platform/font.h>
 
@@ -46,19 +44,7 @@ constexpr std::array<WellKnownFace, 7> kWellKnownFaces{
 constexpr const char* kDefaultJapanese = "MS Gothic";
 constexpr const char* kDefaultLatin = "Arial";
 
-// A wrong slant weighs more than any difference of weights.
-constexpr int kSlantPenalty = 10000;
-
 }  // namespace
-
-const FaceRecord& FontFamily::Select(int weight, bool italic) const {
-    const auto distance = [=](const FaceRecord& face) {
-        return std::abs(face.weight - weight) + (face.italic == italic ? 0 : kSlantPenalty);
-    };
-    return *std::min_element(
-        faces.begin(), faces.end(),
-        [&](const FaceRecord& a, const FaceRecord& b) { return distance(a) < distance(b); });
-}
 
 FontCatalogue::FontCatalogue(std::vector<FontFamily> families) : m_Families(std::move(families)) {
     for (const FontFamily& family : m_Families) {

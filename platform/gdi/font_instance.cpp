@@ -5,6 +5,8 @@
 #include <cstdlib>
 #include <limits>
 
+#include "platform/gdi/font_catalogue.h"
+
 namespace kv::gdi {
 
 namespace {

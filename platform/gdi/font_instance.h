@@ -5,7 +5,7 @@
 
 #include <platform/font.h>
 
-#include "platform/gdi/font_catalogue.h"
+#include "platform/gdi/font_family.h"
 
 namespace kv::gdi {
 

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "platform/gdi/font_catalogue.h"
+#include "platform/gdi/font_family.h"
 
 namespace kv::gdi {
 
