@@ -9,13 +9,11 @@
 #include "palette.h"
 #include "pen.h"
 
-namespace kv::dib {
-class ColourBitmap;
-}  // namespace kv::dib
+namespace kv::device {
+class Picture;
+}  // namespace kv::device
 
 namespace kv::gdi {
-class BitSurface;
-class Drawing;
 struct FontInstance;
 }  // namespace kv::gdi
 
@@ -49,8 +47,8 @@ class KVDRAW_API CBitmap {
     /// A cleared bitmap of 1 or 32 bits. False, and a null handle, for a size below 1 by 1, any
     /// other depth, initial bits that are not null, or no memory.
     bool CreateBitmap(LONG width, LONG height, UINT planes, UINT bitCount, const void* bits);
-    bool IsNull() const { return !IsOneBit() && m_Colour == nullptr; }
-    bool IsOneBit() const { return m_Surface != nullptr || m_Drawing != nullptr; }
+    bool IsNull() const { return m_Picture == nullptr; }
+    bool IsOneBit() const;
 
     /// The same picture, kept as the shapes drawn onto it: it takes no text and has no bits, but
     /// gives its coverage without holding the enlarged picture. False as above.
@@ -67,9 +65,7 @@ class KVDRAW_API CBitmap {
     /// memory.
     bool GetCoverage(LONG scale, LONG columns, BYTE* coverage, DWORD stride) const;
 
-    std::shared_ptr<kv::gdi::BitSurface> m_Surface;
-    std::shared_ptr<kv::gdi::Drawing> m_Drawing;
-    std::shared_ptr<kv::dib::ColourBitmap> m_Colour;
+    std::shared_ptr<kv::device::Picture> m_Picture;
 };
 
 /// A bitmap handle that somebody owns and gives back by DeleteObject. The picture itself lives on

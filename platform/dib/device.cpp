@@ -3,11 +3,13 @@
 #include <algorithm>
 
 #include "platform/dib/colour_bitmap.h"
+#include "platform/gdi/picture.h"
 
 namespace {
 
 const kv::dib::Format* ColourRows(HDC context) {
-    const auto* bitmap = context != nullptr ? context->GetCurrentBitmap().m_Colour.get() : nullptr;
+    const auto* bitmap =
+        context != nullptr ? kv::device::ColoursOf(context->GetCurrentBitmap()) : nullptr;
     return bitmap != nullptr ? &bitmap->Rows() : nullptr;
 }
 
@@ -20,6 +22,10 @@ int ColourCount(HDC context) {
 }
 
 }  // namespace
+
+kv::dib::ColourBitmap* kv::device::ColoursOf(const CBitmap& bitmap) {
+    return bitmap.IsNull() ? nullptr : bitmap.m_Picture->ForBitmaps();
+}
 
 void SelectPalette(HDC context, HPALETTE palette, bool background) {
     if (context != nullptr) {

@@ -31,7 +31,16 @@ struct StretchBox {
     LONG height;
 };
 
+class ColourBitmap;
+
 }  // namespace kv::dib
+
+namespace kv::device {
+
+/// The picture of a bitmap that takes bitmaps; null for any other.
+dib::ColourBitmap* ColoursOf(const CBitmap& bitmap);
+
+}  // namespace kv::device
 
 /// Null takes the palette away.
 void SelectPalette(HDC context, HPALETTE palette, bool background);

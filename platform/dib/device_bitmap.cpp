@@ -9,6 +9,7 @@
 #include "platform/dib/device.h"
 #include "platform/dib/rows.h"
 #include "platform/dib/run_length.h"
+#include "platform/gdi/picture.h"
 
 using kv::dib::ColourBitmap;
 using kv::dib::Format;
@@ -16,12 +17,9 @@ using kv::dib::Format;
 namespace {
 
 HBITMAP MakeHandle(std::shared_ptr<ColourBitmap> bitmap) try {
-    if (bitmap == nullptr) {
-        return nullptr;
-    }
     auto handle = std::make_unique<CBitmap>();
-    handle->m_Colour = std::move(bitmap);
-    return handle.release();
+    handle->m_Picture = kv::device::MakeColourPicture(std::move(bitmap));
+    return handle->IsNull() ? nullptr : handle.release();
 } catch (const std::bad_alloc&) {
     return nullptr;
 }
@@ -114,7 +112,7 @@ HBITMAP CreateDIBSection(HDC /*context*/, std::span<const BYTE> info, UINT usage
     }
     const HBITMAP section = MakeHandle(ColourBitmap::Create(*format, format->bits));
     if (section != nullptr) {
-        *bits = section->m_Colour->Bits();
+        *bits = kv::device::ColoursOf(*section)->Bits();
     }
     return section;
 }
@@ -135,11 +133,12 @@ HBITMAP CreateDIBitmap(HDC context, DWORD init, std::span<const BYTE> pixels,
 
 int GetDIBits(HDC context, HBITMAP bitmap, std::span<BYTE> pixels, std::span<BYTE> info,
               UINT usage) try {
-    if (context == nullptr || bitmap == nullptr || bitmap->m_Colour == nullptr ||
-        usage != DIB_RGB_COLORS) {
+    const ColourBitmap* const colours =
+        bitmap != nullptr ? kv::device::ColoursOf(*bitmap) : nullptr;
+    if (context == nullptr || colours == nullptr || usage != DIB_RGB_COLORS) {
         return 0;
     }
-    return WriteDIBits(*bitmap->m_Colour, pixels, info);
+    return WriteDIBits(*colours, pixels, info);
 } catch (const std::bad_alloc&) {
     return 0;
 }

@@ -139,17 +139,18 @@ int StretchDIBits(HDC context, const StretchBox& target, const StretchBox& sourc
                   std::span<const BYTE> pixels, std::span<const BYTE> info, UINT usage,
                   DWORD operation) try {
     const auto format = kv::dib::ParseFormat(info);
-    if (context == nullptr || context->GetStretchBltMode() != COLORONCOLOR ||
-        context->GetCurrentBitmap().m_Colour == nullptr || usage != DIB_RGB_COLORS ||
-        operation != SRCCOPY || !format || !kv::dib::AllThere(*format, pixels)) {
+    ColourBitmap* const bitmap =
+        context != nullptr ? kv::device::ColoursOf(context->GetCurrentBitmap()) : nullptr;
+    if (bitmap == nullptr || context->GetStretchBltMode() != COLORONCOLOR ||
+        usage != DIB_RGB_COLORS || operation != SRCCOPY || !format ||
+        !kv::dib::AllThere(*format, pixels)) {
         return 0;
     }
-    ColourBitmap& bitmap = *context->GetCurrentBitmap().m_Colour;
-    const Axis columns = MapColumns(target, source, bitmap.Rows().width, format->width);
-    const Axis rows = MapRows(target, source, bitmap.Rows().height, *format);
+    const Axis columns = MapColumns(target, source, bitmap->Rows().width, format->width);
+    const Axis rows = MapRows(target, source, bitmap->Rows().height, *format);
     if (!columns.source.empty() && !rows.source.empty()) {
         RowReader reader(*format, pixels);
-        DrawRows(bitmap, columns, rows, reader);
+        DrawRows(*bitmap, columns, rows, reader);
     }
     return format->height;
 } catch (const std::bad_alloc&) {

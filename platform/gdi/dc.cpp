@@ -1,12 +1,10 @@
-#include <algorithm>
-#include <cstring>
-#include <limits>
+#include <string_view>
 #include <utility>
 
 #include <platform/dc.h>
 
-#include "platform/gdi/bit_surface.h"
-#include "platform/gdi/drawing.h"
+#include "base/narrow.h"
+#include "platform/gdi/picture.h"
 #include "platform/gdi/text_painter.h"
 
 using kv::gdi::FontInstance;
@@ -22,11 +20,6 @@ bool IsText(const char* text, int byteCount) {
 std::string_view View(const char* text, int byteCount) {
     return byteCount > 0 ? std::string_view(text, static_cast<std::size_t>(byteCount))
                          : std::string_view();
-}
-
-LONG Saturate(std::int64_t value) {
-    return static_cast<LONG>(std::clamp<std::int64_t>(value, std::numeric_limits<LONG>::min(),
-                                                      std::numeric_limits<LONG>::max()));
 }
 
 }  // namespace
@@ -99,30 +92,24 @@ bool CDC::GetTextExtentPoint32A(const char* text, int byteCount, tagSIZE* extent
     }
     const FontInstance& font = *m_Font.m_Font;
     const TextLine line = LayOutText(font, {m_CharacterExtra, m_BreakExtra}, View(text, byteCount));
-    *extent = {Saturate(line.length), font.metrics.tmHeight};
+    *extent = {kv::SaturateToInt32(line.length), font.metrics.tmHeight};
     return true;
 }
 
 bool CDC::TextOutA(LONG x, LONG y, const char* text, int byteCount) {
-    if (m_Font.IsNull() || m_Bitmap.m_Surface == nullptr || !IsText(text, byteCount)) {
+    kv::gdi::BitSurface* const surface =
+        m_Bitmap.IsNull() ? nullptr : m_Bitmap.m_Picture->ForText();
+    if (m_Font.IsNull() || surface == nullptr || !IsText(text, byteCount)) {
         return false;
     }
     const FontInstance& font = *m_Font.m_Font;
     const TextLine line = LayOutText(font, {m_CharacterExtra, m_BreakExtra}, View(text, byteCount));
-    kv::gdi::TextPainter(font).Draw(line,
-                                    {*m_Bitmap.m_Surface, x, y, m_TextColor != 0, m_BkColor != 0});
+    kv::gdi::TextPainter(font).Draw(line, {*surface, x, y, m_TextColor != 0, m_BkColor != 0});
     return true;
 }
 
 bool CDC::BitBlt(LONG x, LONG y, LONG width, LONG height, CDC* /*source*/, LONG /*sourceX*/,
                  LONG /*sourceY*/, DWORD operation) {
-    if (!m_Bitmap.IsOneBit() || operation != BLACKNESS) {
-        return false;
-    }
-    if (m_Bitmap.m_Drawing != nullptr) {
-        m_Bitmap.m_Drawing->ClearRect(x, y, std::int64_t{x} + width, std::int64_t{y} + height);
-        return true;
-    }
-    m_Bitmap.m_Surface->FillRect(x, y, std::int64_t{x} + width, std::int64_t{y} + height, false);
-    return true;
+    return operation == BLACKNESS && !m_Bitmap.IsNull() &&
+           m_Bitmap.m_Picture->ClearRect(x, y, std::int64_t{x} + width, std::int64_t{y} + height);
 }

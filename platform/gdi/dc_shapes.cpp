@@ -5,46 +5,22 @@
 
 #include <platform/dc.h>
 
-#include "platform/gdi/bit_sink.h"
-#include "platform/gdi/drawing.h"
+#include "platform/gdi/picture.h"
 #include "platform/gdi/shape_painter.h"
 
-using kv::gdi::Area;
-using kv::gdi::BitSink;
-using kv::gdi::BitSurface;
-using kv::gdi::ScanConverter;
 using kv::gdi::ShapePainter;
 
 namespace {
 
-/// Paints areas at once.
-class SurfaceSink final : public kv::gdi::AreaSink {
-  public:
-    explicit SurfaceSink(BitSurface& surface) : m_Surface(surface) {}
-
-    void Paint(Area area) override {
-        BitSink sink(m_Surface, 0, 0, area.value);
-        ScanConverter().Convert(area.contours, area.rule, sink.Bounds(), sink);
-    }
-
-  private:
-    BitSurface& m_Surface;
-};
-
 template <typename Draw>
 bool Paint(const CBitmap& bitmap, const CPen& pen, const CBrush& brush, const Draw& draw) {
-    if (!bitmap.IsOneBit()) {
+    kv::gdi::AreaSink* const sink = bitmap.IsNull() ? nullptr : bitmap.m_Picture->ForShapes();
+    if (sink == nullptr) {
         return false;
     }
     try {
-        if (bitmap.m_Drawing != nullptr) {
-            ShapePainter painter(*bitmap.m_Drawing, pen, brush);
-            draw(painter);
-        } else {
-            SurfaceSink sink(*bitmap.m_Surface);
-            ShapePainter painter(sink, pen, brush);
-            draw(painter);
-        }
+        ShapePainter painter(*sink, pen, brush);
+        draw(painter);
     } catch (const std::bad_alloc&) {
         return false;
     }

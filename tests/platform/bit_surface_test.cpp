@@ -6,6 +6,7 @@
 #include <platform/dc.h>
 
 #include "platform/gdi/bit_sink.h"
+#include "platform/gdi/picture.h"
 #include "platform/gdi/turned_sink.h"
 #include "tests/platform/raster_check.h"
 
@@ -111,7 +112,7 @@ TEST(BitSurfaceTest, TurningEqualsAPixelLoop) {
 TEST(BitmapTest, BitsAreCopiedUpToTheCountAndBadSizesRefused) {
     CBitmap bitmap;
     ASSERT_TRUE(bitmap.CreateBitmap(17, 2, 1, 1, nullptr));
-    bitmap.m_Surface->FillRect(0, 0, 17, 2, true);
+    bitmap.m_Picture->ForText()->FillRect(0, 0, 17, 2, true);
     std::vector<std::uint8_t> bits(9, 0xAA);
     EXPECT_EQ(bitmap.GetBitmapBits(6, bits.data()), 6U);
     EXPECT_EQ(bits, (std::vector<std::uint8_t>{255, 255, 128, 0, 255, 255, 0xAA, 0xAA, 0xAA}));
@@ -165,7 +166,7 @@ TEST(BitmapTest, DrawingsCoverWhatBitsAreSet) {
         ASSERT_TRUE(areas.GetCoverage(1, kWidth, coverage.data(), kWidth));
         for (LONG y = 0; y < kHeight; ++y) {
             for (LONG x = 0; x < kWidth; ++x) {
-                const bool set = (bits.m_Surface->Row(y)[x / 8] << (x % 8) & 0x80) != 0;
+                const bool set = (bits.m_Picture->ForText()->Row(y)[x / 8] << (x % 8) & 0x80) != 0;
                 ASSERT_EQ(coverage[std::size_t(y * kWidth + x)], set ? 255 : 0) << round;
             }
         }
