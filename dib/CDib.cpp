@@ -10,7 +10,9 @@
 #include "base/narrow.h"
 #include "base/wrap.h"
 #include "dib/layout.h"
+#include "dib/palette.h"
 #include "platform/dib/format.h"
+#include "platform/file_mapping.h"
 
 using kv::dib::kHeaderBytes;
 
@@ -132,8 +134,19 @@ void CDib::AttachBlock(void* header, std::size_t there) {
     MakePalette();
 }
 
+int CDib::MakePalette() {
+    if (m_Header == nullptr || m_ColorEntries == 0) {
+        return 0;
+    }
+    DeleteObject(
+        std::exchange(m_Palette, kv::dib::TablePalette(HeaderAndColours().subspan(kHeaderBytes))));
+    return 1;
+}
+
 void CDib::Empty() {
-    DetachMapFile();
+    if (m_File != nullptr) {
+        kv::CloseMapped(m_File, m_Mapping, m_View);
+    }
     if (m_HeaderAlloc == 1) {
         delete[] reinterpret_cast<BYTE*>(m_Header);
     } else if (m_HeaderAlloc == 2) {

@@ -1,41 +1,14 @@
-// Bitmaps on device contexts, and their palettes.
+// Bitmaps on device contexts.
 
-#include <algorithm>
-#include <new>
 #include <utility>
 
 #include <CDib.h>
 
 #include "dib/layout.h"
+#include "dib/palette.h"
 #include "platform/dib/device.h"
 
 namespace {
-
-// Both make null when there is no memory.
-HPALETTE TablePalette(std::span<const BYTE> table) try {
-    LOGPALETTE palette;
-    palette.palPalEntry.reserve(table.size() / 4);
-    for (std::size_t at = 0; at < table.size(); at += 4) {
-        palette.palPalEntry.push_back({table[at + 2], table[at + 1], table[at], 0});
-    }
-    return CreatePalette(std::move(palette));
-} catch (const std::bad_alloc&) {
-    return nullptr;
-}
-
-HPALETTE SystemPalette(CDC* dc) try {
-    int count = GetDeviceCaps(dc, SIZEPALETTE);
-    if (count == 0) {
-        count = GetDeviceCaps(dc, NUMCOLORS);
-    }
-    LOGPALETTE palette;
-    palette.palPalEntry.resize(static_cast<std::size_t>(std::max(count, 0)));
-    GetSystemPaletteEntries(dc, 0, static_cast<UINT>(palette.palPalEntry.size()),
-                            palette.palPalEntry.data());
-    return CreatePalette(std::move(palette));
-} catch (const std::bad_alloc&) {
-    return nullptr;
-}
 
 /// What is drawn: rows with their header and colours, and the palette that goes with them.
 struct Picture {
@@ -100,20 +73,11 @@ HBITMAP CDib::CreateBitmap(CDC* dc) {
     return CreateDIBitmap(dc, CBM_INIT, Pixels(), Info(), DIB_RGB_COLORS);
 }
 
-int CDib::MakePalette() {
-    if (m_Header == nullptr || m_ColorEntries == 0) {
-        return 0;
-    }
-    DeleteObject(
-        std::exchange(m_Palette, TablePalette(HeaderAndColours().subspan(kv::dib::kHeaderBytes))));
-    return 1;
-}
-
 int CDib::SetSystemPalette(CDC* dc) {
     if (m_ColorEntries != 0 || (GetDeviceCaps(dc, RASTERCAPS) & RC_PALETTE) == 0) {
         return 0;
     }
-    DeleteObject(std::exchange(m_Palette, SystemPalette(dc)));
+    DeleteObject(std::exchange(m_Palette, kv::dib::SystemPalette(dc)));
     return 1;
 }
 

@@ -23,11 +23,7 @@ struct Mapped {
     Mapped() = default;
     Mapped(const Mapped&) = delete;
     Mapped& operator=(const Mapped&) = delete;
-    ~Mapped() {
-        UnmapViewOfFile(view);
-        CloseHandle(mapping);
-        CloseHandle(file);
-    }
+    ~Mapped() { kv::CloseMapped(file, mapping, view); }
 
     bool Map(DWORD protection, DWORD access, std::uint64_t size) {
         mapping = file != nullptr ? CreateFileMappingA(file, protection, size) : nullptr;
@@ -106,12 +102,4 @@ int CDib::CopyToMapFile(const char* name) {
     ComputePaletteSize(m_Header->biBitCount);
     MakePalette();
     return 1;
-}
-
-void CDib::DetachMapFile() {
-    if (m_File != nullptr) {
-        UnmapViewOfFile(m_View);
-        CloseHandle(m_Mapping);
-        CloseHandle(m_File);
-    }
 }

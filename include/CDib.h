@@ -151,7 +151,6 @@ class KVDRAW_API CDib : public CObject {
     void AttachBlock(void* header, std::size_t there);
     void MakeHeader(CSize size, int bitCount, int topDown);
     void InstallHeader(tagBITMAPINFOHEADER* header, std::size_t bytes, LONG alloc);
-    void DetachMapFile();
     bool ReadPicture(CFile& file);
     bool HasPixels() const { return m_Header != nullptr && m_Image != nullptr && m_SizeImage > 0; }
     /// Header and colours, as far as both m_ColorEntries and the block reach.

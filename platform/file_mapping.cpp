@@ -131,3 +131,9 @@ std::size_t kv::ViewSize(const void* view) {
     const auto found = views.sizes.find(view);
     return found != views.sizes.end() ? found->second : 0;
 }
+
+void kv::CloseMapped(HANDLE file, HANDLE mapping, void* view) {
+    UnmapViewOfFile(view);
+    CloseHandle(mapping);
+    CloseHandle(file);
+}

@@ -37,4 +37,7 @@ namespace kv {
 /// The number of bytes in a view; 0 for what is none.
 std::size_t ViewSize(const void* view);
 
+/// Gives a file, its mapping and the view back, in the order that they need; any may be null.
+void CloseMapped(HANDLE file, HANDLE mapping, void* view);
+
 }  // namespace kv
