@@ -1,7 +1,7 @@
+#include "effect/brush.h"
+
 #include <algorithm>
 #include <cmath>
-
-#include <CKVBwDraw.h>
 
 namespace {
 
@@ -37,13 +37,11 @@ int Value(const Brush& brush, std::int64_t u, std::int64_t v) {
 
 }  // namespace
 
-int CKVBwDraw::FilterBlush(unsigned char* pBuf, int Size, int Pen) {
-    const Brush brush = BrushFor(Size, Pen);
-    for (int row = 0; row < Size; ++row) {
-        for (int column = 0; column < Size; ++column) {
-            *pBuf++ =
-                static_cast<unsigned char>(Value(brush, brush.half - column, brush.half - row));
+void kv::FillBrush(BYTE* table, int size, int pen) {
+    const Brush brush = BrushFor(size, pen);
+    for (int row = 0; row < size; ++row) {
+        for (int column = 0; column < size; ++column) {
+            *table++ = static_cast<BYTE>(Value(brush, brush.half - column, brush.half - row));
         }
     }
-    return 0;
 }

@@ -1,6 +1,7 @@
+#include "effect/cover_row.h"
+
 #include <type_traits>
 
-#include "effect/paint.h"
 #include "effect/vector.h"
 
 namespace {
@@ -74,6 +75,13 @@ KV_TARGET_AVX2 void CoverAvx2(const BYTE* coverage, std::size_t count, DWORD* pi
 }
 
 }  // namespace
+
+bool kv::MakeLayerSurface(const CKVGrayBitmap& gray, CKVFrameBuffer& fb) {
+    constexpr int kNoSize = 4;
+    fb.DeleteFrameBuffer();
+    const int created = fb.CreateFrameBuffer(gray.Width, gray.Height, 0);
+    return created == 0 || created == kNoSize;
+}
 
 void kv::CoverRow(const BYTE* coverage, DWORD* pixels, std::size_t count) {
     ForLevel(CoverPlain, CoverAvx2)(coverage, count, pixels);

@@ -1,17 +1,14 @@
-#include <CKVBwDraw.h>
-#include <CKVGrayBitmap.h>
+#include "effect/edge.h"
 
 #include "effect/grown.h"
 
-int CKVBwDraw::MakeEdge(int Type, int Size, int SoftPen, const CKVGrayBitmap* pSrc,
-                        CKVGrayBitmap* pDst) {
-    if (Size < 1 || pSrc->Bits == nullptr) {
-        return -1;
+bool kv::MakeEdge(int type, int radius, const CKVGrayBitmap& source, CKVGrayBitmap& target) {
+    if (radius < 1 || source.Bits == nullptr) {
+        return false;
     }
-    pDst->Delete();
-    if (!kv::CreateGrown(*pDst, kv::Grown(*pSrc, std::int64_t{2} * Size))) {
-        return -1;
+    target.Delete();
+    if (!CreateGrown(target, Grown(source, std::int64_t{2} * radius))) {
+        return false;
     }
-    return Type == 0 ? GrayMakeNomEdge(Size, pSrc, pDst)
-                     : GrayMakeSoftEdge(Size, SoftPen, pSrc, pDst);
+    return type == 0 ? AddHardEdge(radius, source, target) : AddSoftEdge(radius, source, target);
 }

@@ -2,11 +2,9 @@
 #include <bit>
 #include <cstring>
 
-#include <CKVBwDraw.h>
-#include <CKVGrayBitmap.h>
-
 #include "base/scratch.h"
 #include "effect/disc.h"
+#include "effect/edge.h"
 #include "effect/grown.h"
 #include "effect/vector.h"
 
@@ -153,25 +151,25 @@ KV_TARGET_AVX2 void DilateAvx2(const Dilation& job) {
 
 }  // namespace
 
-int CKVBwDraw::GrayMakeNomEdge(int Size, const CKVGrayBitmap* pSrc, CKVGrayBitmap* pDst) {
-    if (Size < 0 || !kv::HasRoom(*pDst, *pSrc, std::int64_t{2} * Size)) {
-        return -1;
+bool kv::AddHardEdge(int radius, const CKVGrayBitmap& source, CKVGrayBitmap& target) {
+    if (radius < 0 || !HasRoom(target, source, std::int64_t{2} * radius)) {
+        return false;
     }
-    const auto radius = static_cast<std::size_t>(Size);
-    const std::size_t ringRows = std::bit_ceil(2 * radius + 1);
-    const auto halfWidths = kv::Scratch<LONG>(radius + 1);
-    const auto ring = kv::Scratch<BYTE>(ringRows * kStripe);
-    const auto window = kv::Scratch<BYTE>(kStripe + 2 * radius);
+    const auto reach = static_cast<std::size_t>(radius);
+    const std::size_t ringRows = std::bit_ceil(2 * reach + 1);
+    const auto halfWidths = Scratch<LONG>(reach + 1);
+    const auto ring = Scratch<BYTE>(ringRows * kStripe);
+    const auto window = Scratch<BYTE>(kStripe + 2 * reach);
     if (halfWidths == nullptr || ring == nullptr || window == nullptr) {
-        return -1;
+        return false;
     }
-    kv::DiscHalfWidths(Size, halfWidths.get());
-    kv::ForLevel(DilatePlain, DilateAvx2)({.source = pSrc,
-                                           .target = pDst,
-                                           .radius = radius,
-                                           .halfWidths = halfWidths.get(),
-                                           .ring = ring.get(),
-                                           .ringMask = ringRows - 1,
-                                           .window = window.get()});
-    return 0;
+    DiscHalfWidths(radius, halfWidths.get());
+    ForLevel(DilatePlain, DilateAvx2)({.source = &source,
+                                       .target = &target,
+                                       .radius = reach,
+                                       .halfWidths = halfWidths.get(),
+                                       .ring = ring.get(),
+                                       .ringMask = ringRows - 1,
+                                       .window = window.get()});
+    return true;
 }

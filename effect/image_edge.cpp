@@ -1,6 +1,4 @@
-#include <CKVBwDraw.h>
-#include <CKVFrameBuffer.h>
-#include <CKVGrayBitmap.h>
+#include "effect/image_edge.h"
 
 #include "effect/arrangement.h"
 #include "effect/vector.h"
@@ -23,72 +21,41 @@ KV_TARGET_AVX2 void KeysAvx2(const DWORD* pixels, BYTE* keys, std::size_t count)
 
 // The layers of a picture: it is the body, its keys are the coverage. What cannot be had is left
 // out. All of the source is taken here, so that it may be the target as well.
-void MakeImageLayers(CKVBwDraw& draw, tagKVBWDRAWINFO& info, const CKVFrameBuffer& source,
-                     kv::Layers& layers) {
-    draw.KeyToGray(&source, &layers.body.coverage);
+void MakeImageLayers(tagKVBWDRAWINFO& info, const CKVFrameBuffer& source, kv::Layers& layers) {
+    kv::KeysToCoverage(source, layers.body.coverage);
     layers.body.picture = source;
     layers.body.made = true;
-    kv::MakeEdgeAndShadow(draw, info, layers);
-}
-
-enum class Size { kToFit, kOfSource };
-
-int SetImage(CKVBwDraw& draw, const CKVFrameBuffer* source, Size size, CBox& eria, CBox& body,
-             CBox& edge, CBox& shad) {
-    if (draw.m_pFb == nullptr || draw.m_pInfo == nullptr || source == nullptr) {
-        return -1;
-    }
-    tagKVBWDRAWINFO& info = *draw.m_pInfo;
-    kv::Layers layers;
-    MakeImageLayers(draw, info, *source, layers);
-    const kv::Arrangement arranged = kv::Arrange(info, layers);
-    kv::StackAnew(*draw.m_pFb, info, layers, arranged,
-                  size == Size::kToFit ? arranged.Whole() : arranged.body);
-    arranged.Report(eria, body, edge, shad);
-    return 0;
+    kv::MakeEdgeAndShadow(info, layers);
 }
 
 }  // namespace
 
-int CKVBwDraw::KeyToGray(const CKVFrameBuffer* pFb, CKVGrayBitmap* pGray) {
-    if (pFb == nullptr || pGray == nullptr) {
-        return -1;
-    }
-    pGray->Delete();
-    const int created = pGray->Create(pFb->m_Width, pFb->m_Height);
+namespace kv {
+
+bool KeysToCoverage(const CKVFrameBuffer& picture, CKVGrayBitmap& coverage) {
+    constexpr int kNoSize = 4;
+    coverage.Delete();
+    const int created = coverage.Create(picture.m_Width, picture.m_Height);
     if (created != 0) {
-        return created == 4 ? 0 : -1;  // an empty picture has no keys
+        return created == kNoSize;  // an empty picture has no keys
     }
-    auto* const copyKeys = kv::ForLevel(KeysPlain, KeysAvx2);
-    const std::size_t width = pFb->GetWidth();
-    for (std::size_t row = 0; row < pFb->GetHeight(); ++row) {
-        copyKeys(pFb->GetBufferDWord() + row * width, pGray->Bits + row * pGray->Pitch, width);
+    auto* const copyKeys = ForLevel(KeysPlain, KeysAvx2);
+    const std::size_t width = picture.GetWidth();
+    for (std::size_t row = 0; row < picture.GetHeight(); ++row) {
+        copyKeys(picture.GetBufferDWord() + row * width, coverage.Bits + row * coverage.Pitch,
+                 width);
     }
-    return 0;
+    return true;
 }
 
-int CKVBwDraw::SetImgEdgeShadow(CKVFrameBuffer* pFb, tagKVBWDRAWINFO* pInfo,
-                                const CKVFrameBuffer* pSrc, CBox& Eria, CBox& Body, CBox& Edge,
-                                CBox& Shad) {
-    m_pFb = pFb;
-    m_pInfo = pInfo;
-    return SetImage(*this, pSrc, Size::kToFit, Eria, Body, Edge, Shad);
+void SetImage(CKVFrameBuffer& fb, tagKVBWDRAWINFO& info, const CKVFrameBuffer& source,
+              PictureSize size, CBox& eria, CBox& body, CBox& edge, CBox& shad) {
+    Layers layers;
+    MakeImageLayers(info, source, layers);
+    const Arrangement arranged = Arrange(info, layers);
+    StackAnew(fb, info, layers, arranged,
+              size == PictureSize::kToFit ? arranged.Whole() : arranged.body);
+    arranged.Report(eria, body, edge, shad);
 }
 
-int CKVBwDraw::SetFullImgEdgeShadow(CKVFrameBuffer* pFb, tagKVBWDRAWINFO* pInfo,
-                                    const CKVFrameBuffer* pSrc, CBox& Eria, CBox& Body, CBox& Edge,
-                                    CBox& Shad) {
-    m_pFb = pFb;
-    m_pInfo = pInfo;
-    return SetImage(*this, pSrc, Size::kOfSource, Eria, Body, Edge, Shad);
-}
-
-int CKVFrameBuffer::SetEdge(CKVFrameBuffer* pDst, tagKVBWDRAWINFO* pInfo, CBox& Eria, CBox& Body,
-                            CBox& Edge, CBox& Shad) const {
-    return CKVBwDraw().SetImgEdgeShadow(pDst, pInfo, this, Eria, Body, Edge, Shad);
-}
-
-int CKVFrameBuffer::SetEdgeOrgSize(CKVFrameBuffer* pDst, tagKVBWDRAWINFO* pInfo) const {
-    CBox eria, body, edge, shad;
-    return CKVBwDraw().SetFullImgEdgeShadow(pDst, pInfo, this, eria, body, edge, shad);
-}
+}  // namespace kv

@@ -2,14 +2,16 @@
 
 #include <limits>
 
+#include "effect/edge.h"
 #include "effect/grown.h"
+#include "effect/paint.h"
 #include "effect/shadow.h"
 
 namespace kv {
 namespace {
 
-int PaintLayer(CKVBwDraw& draw, const tagMAPINFO& paint, Layer& layer) {
-    return draw.GrayToFb(&layer.coverage, &layer.picture, &paint);
+bool PaintLayer(const tagMAPINFO& paint, Layer& layer) {
+    return PaintByMap(layer.coverage, layer.picture, paint);
 }
 
 // No use in growing a coverage whose picture could not be made.
@@ -18,7 +20,7 @@ bool FitsSurface(GrownSize size) {
     return size.width <= kMostPixels && size.height <= kMostPixels / size.width;
 }
 
-void MakeEdge(CKVBwDraw& draw, tagKVBWDRAWINFO& info, Layers& layers) {
+void AddEdge(tagKVBWDRAWINFO& info, Layers& layers) {
     const LONG radius = info.EdgeType_Size;
     const CKVGrayBitmap& body = layers.body.coverage;
     const GrownSize size = Grown(body, std::int64_t{2} * radius);
@@ -26,12 +28,11 @@ void MakeEdge(CKVBwDraw& draw, tagKVBWDRAWINFO& info, Layers& layers) {
         return;
     }
     const tagMAPINFO paint{info.EdgeMode, &info.EdgeCol, &info.EdgeGrad, &info.EdgeText};
-    layers.edge.made = draw.MakeEdge(info.EdgeType_Type, radius, info.EdgeType_SoftPen, &body,
-                                     &layers.edge.coverage) == 0 &&
-                       PaintLayer(draw, paint, layers.edge) == 0;
+    layers.edge.made = MakeEdge(info.EdgeType_Type, radius, body, layers.edge.coverage) &&
+                       PaintLayer(paint, layers.edge);
 }
 
-void MakeShadow(CKVBwDraw& draw, tagKVBWDRAWINFO& info, Layers& layers) {
+void AddShadow(tagKVBWDRAWINFO& info, Layers& layers) {
     const CKVGrayBitmap& source = layers.edge.made ? layers.edge.coverage : layers.body.coverage;
     const std::int64_t growth =
         ShadowGrowth(info.ShadType_Type, info.ShadType_Size, info.ShadType_SoftSize);
@@ -40,10 +41,9 @@ void MakeShadow(CKVBwDraw& draw, tagKVBWDRAWINFO& info, Layers& layers) {
         return;
     }
     const tagMAPINFO paint{info.ShadMode, &info.ShadCol, &info.ShadGrad, &info.ShadText};
-    layers.shadow.made =
-        draw.MakeShadow(info.ShadType_Type, info.ShadType_Size, info.ShadType_SoftSize,
-                        info.ShadType_SoftPen, &source, &layers.shadow.coverage) == 0 &&
-        PaintLayer(draw, paint, layers.shadow) == 0;
+    layers.shadow.made = MakeShadow(info.ShadType_Type, info.ShadType_Size, info.ShadType_SoftSize,
+                                    source, layers.shadow.coverage) &&
+                         PaintLayer(paint, layers.shadow);
 }
 
 }  // namespace
@@ -60,20 +60,18 @@ std::int64_t ShadowOffset(const tagKVBWDRAWINFO& info) {
     return std::int64_t{distance} - info.EdgeType_Size;
 }
 
-int MakeLayers(CKVBwDraw& draw, tagKVBWDRAWINFO& info, Layers& layers) {
+bool MakeLayers(tagKVBWDRAWINFO& info, Layers& layers) {
     const tagMAPINFO paint{info.BodyMode, &info.BodyCol, &info.BodyGrad, &info.BodyText};
-    const int painted = PaintLayer(draw, paint, layers.body);
-    if (painted != 0) {
-        return painted;
+    layers.body.made = PaintLayer(paint, layers.body);
+    if (layers.body.made) {
+        MakeEdgeAndShadow(info, layers);
     }
-    layers.body.made = true;
-    MakeEdgeAndShadow(draw, info, layers);
-    return 0;
+    return layers.body.made;
 }
 
-void MakeEdgeAndShadow(CKVBwDraw& draw, tagKVBWDRAWINFO& info, Layers& layers) {
-    MakeEdge(draw, info, layers);
-    MakeShadow(draw, info, layers);
+void MakeEdgeAndShadow(tagKVBWDRAWINFO& info, Layers& layers) {
+    AddEdge(info, layers);
+    AddShadow(info, layers);
 }
 
 void PlaceLayer(const tagKVBWDRAWINFO& info, const Layer& layer, CKVFrameBuffer& target,

@@ -1,9 +1,9 @@
 #pragma once
 
 #include <CBox.h>
-#include <CKVBwDraw.h>
 #include <CKVFrameBuffer.h>
 #include <CKVGrayBitmap.h>
+#include <KVDrawInfo.h>
 
 namespace kv {
 
@@ -25,12 +25,12 @@ struct Layers {
 std::int64_t EdgeOffset(const tagKVBWDRAWINFO& info);
 std::int64_t ShadowOffset(const tagKVBWDRAWINFO& info);
 
-/// Paints the body, whose coverage stands, then makes edge and shadow as far as they can be. 0, or
-/// -1 when there is no body.
-int MakeLayers(CKVBwDraw& draw, tagKVBWDRAWINFO& info, Layers& layers);
+/// Paints the body, whose coverage stands, then makes edge and shadow as far as they can be. False
+/// when there is no body.
+bool MakeLayers(tagKVBWDRAWINFO& info, Layers& layers);
 
 /// The edge and the shadow around a body coverage that stands already.
-void MakeEdgeAndShadow(CKVBwDraw& draw, tagKVBWDRAWINFO& info, Layers& layers);
+void MakeEdgeAndShadow(tagKVBWDRAWINFO& info, Layers& layers);
 
 /// Composites a whole layer into the target, its corner at the given point: through its coverage or
 /// by its key, as the record's ShadType_SoftPen tells. A null box is allowed; a box stays as it is

@@ -1,26 +1,17 @@
+// The choice among the paints.
+
 #include "effect/paint.h"
 
-#include <CKVBwDraw.h>
-
-int kv::MakeLayerSurface(const CKVGrayBitmap& gray, CKVFrameBuffer& fb) {
-    constexpr int kNoSize = 4;
-    fb.DeleteFrameBuffer();
-    const int created = fb.CreateFrameBuffer(gray.Width, gray.Height, 0);
-    return created == 0 || created == kNoSize ? 0 : -1;
-}
-
-int CKVBwDraw::GrayToFb(const CKVGrayBitmap* pGray, CKVFrameBuffer* pFb, const tagMAPINFO* pMap) {
-    if (pMap == nullptr) {
-        return -1;
-    }
-    switch (pMap->Mode) {
-        case 0:
-            return MakeFb_Color(pGray, pFb, pMap->Col);
-        case 1:
-            return MakeFb_Grad(pGray, pFb, pMap->Grad);
-        case 2:
-            return MakeFb_Text(pGray, pFb, pMap->Text);
+bool kv::PaintByMap(const CKVGrayBitmap& gray, CKVFrameBuffer& fb, const tagMAPINFO& map) {
+    enum Paint : LONG { kColour = 0, kGradient = 1, kTexture = 2 };
+    switch (map.Mode) {
+        case kColour:
+            return map.Col != nullptr && PaintColour(gray, fb, *map.Col);
+        case kGradient:
+            return map.Grad != nullptr && PaintGradient(gray, fb, *map.Grad);
+        case kTexture:
+            return map.Text != nullptr && PaintTexture(gray, fb, *map.Text);
         default:
-            return -1;
+            return false;
     }
 }

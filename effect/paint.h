@@ -2,14 +2,22 @@
 
 #include <CKVFrameBuffer.h>
 #include <CKVGrayBitmap.h>
+#include <KVDrawInfo.h>
 
+// The paints. Each makes fb a new surface of the coverage's size, painted through it: keys are
+// scaled by the coverage, pixels without are 0. False when memory runs out.
 namespace kv {
 
-/// Replaces fb by a surface of the coverage's size, whose pixels are not defined. 0, with an empty
-/// fb for an empty coverage, or -1 when memory runs out.
-int MakeLayerSurface(const CKVGrayBitmap& gray, CKVFrameBuffer& fb);
+bool PaintColour(const CKVGrayBitmap& gray, CKVFrameBuffer& fb, DWORD colour);
 
-/// Each key becomes key * coverage / 255, each pixel without coverage 0.
-void CoverRow(const BYTE* coverage, DWORD* pixels, std::size_t count);
+/// The ramp lies over the whole layer.
+bool PaintGradient(const CKVGrayBitmap& gray, CKVFrameBuffer& fb, tagGRADINFO grad);
+
+/// A file that cannot be read shows as solid black.
+bool PaintTexture(const CKVGrayBitmap& gray, CKVFrameBuffer& fb, const tagTEXTUREINFO& texture);
+
+/// By the map's mode. False, too, with nothing changed, for another mode and where what the mode
+/// selects is null.
+bool PaintByMap(const CKVGrayBitmap& gray, CKVFrameBuffer& fb, const tagMAPINFO& map);
 
 }  // namespace kv

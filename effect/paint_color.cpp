@@ -1,6 +1,4 @@
-#include <CKVBwDraw.h>
-#include <CKVFrameBuffer.h>
-
+#include "effect/cover_row.h"
 #include "effect/paint.h"
 #include "effect/vector.h"
 
@@ -54,19 +52,14 @@ KV_TARGET_AVX2 void PaintAvx2(const BYTE* coverage, std::size_t count, DWORD col
 
 }  // namespace
 
-int CKVBwDraw::MakeFb_Color(const CKVGrayBitmap* pGray, CKVFrameBuffer* pFb, const DWORD* pCol) {
-    if (pGray == nullptr || pFb == nullptr || pCol == nullptr) {
-        return -1;
+bool kv::PaintColour(const CKVGrayBitmap& gray, CKVFrameBuffer& fb, DWORD colour) {
+    if (!MakeLayerSurface(gray, fb)) {
+        return false;
     }
-    const DWORD colour = *pCol;
-    const int made = kv::MakeLayerSurface(*pGray, *pFb);
-    if (made != 0) {
-        return made;
+    auto* const paint = ForLevel(PaintPlain, PaintAvx2);
+    const auto width = static_cast<std::size_t>(gray.Width);
+    for (std::size_t row = 0; row < static_cast<std::size_t>(gray.Height); ++row) {
+        paint(gray.Bits + row * gray.Pitch, width, colour, fb.GetBufferDWord() + row * width);
     }
-    auto* const paint = kv::ForLevel(PaintPlain, PaintAvx2);
-    const auto width = static_cast<std::size_t>(pGray->Width);
-    for (std::size_t row = 0; row < static_cast<std::size_t>(pGray->Height); ++row) {
-        paint(pGray->Bits + row * pGray->Pitch, width, colour, pFb->GetBufferDWord() + row * width);
-    }
-    return 0;
+    return true;
 }

@@ -1,7 +1,4 @@
-#include <CKVBwDraw.h>
-#include <CKVFrameBuffer.h>
-#include <CKVGrayBitmap.h>
-
+#include "effect/cover_row.h"
 #include "effect/paint.h"
 #include "effect/ramp.h"
 
@@ -16,12 +13,14 @@ int RampType(int patern, bool centred) {
     return 0;
 }
 
-kv::Ramp MakeRamp(CKVBwDraw& draw, int width, int height, const tagGRADINFO& grad) {
+kv::Ramp MakeRamp(int width, int height, const tagGRADINFO& grad) {
     const bool centred = grad.x >= 0 && grad.x < width && grad.y >= 0 && grad.y < height;
     kv::Ramp ramp{RampType(grad.Patern, centred), width, height, 0, 0, grad.Col2, {}};
-    int length = 0;
-    draw.Pis_Grad_Paint_Set1(ramp.type, centred ? grad.x : -1, centred ? grad.y : -1, 0, 0,
-                             width - 1, height - 1, &ramp.centreX, &ramp.centreY, &length);
+    const kv::RampExtent extent =
+        kv::MeasureRamp(ramp.type, centred ? grad.x : -1, centred ? grad.y : -1, ramp.Bounds());
+    ramp.centreX = extent.centreX;
+    ramp.centreY = extent.centreY;
+    const int length = extent.length;
     for (unsigned byte = 0; byte < 4 && length != 0; ++byte) {
         const int from = static_cast<int>(grad.Col2 >> 8 * byte & 0xFF);
         const int to = static_cast<int>(grad.Col1 >> 8 * byte & 0xFF);
@@ -31,22 +30,20 @@ kv::Ramp MakeRamp(CKVBwDraw& draw, int width, int height, const tagGRADINFO& gra
 }
 
 // Needs no memory.
-void PaintPixelByPixel(CKVBwDraw& draw, const kv::Ramp& ramp, const kv::RampTarget& target) {
+void PaintPixelByPixel(const kv::Ramp& ramp, const kv::RampTarget& target) {
     for (LONG y = 0; y < ramp.height; ++y) {
         for (LONG x = 0; x < ramp.width; ++x) {
-            double distance = 0;
-            draw.Pis_Grad_Paint_Conv(ramp.type, x, y, 0, 0, ramp.width - 1, ramp.height - 1,
-                                     ramp.centreX, ramp.centreY, &distance);
-            target.Row(y)[x] = ramp.At(distance);
+            target.Row(y)[x] = ramp.At(
+                kv::RampDistance(ramp.type, x, y, ramp.Bounds(), ramp.centreX, ramp.centreY));
         }
         target.Finish(y);
     }
 }
 
-void PaintRamp(CKVBwDraw& draw, const kv::Ramp& ramp, const kv::RampTarget& target) {
+void PaintRamp(const kv::Ramp& ramp, const kv::RampTarget& target) {
     const bool circle = kv::ShapeOf(ramp.type) == kv::RampShape::kCircle;
     if (!(circle ? PaintCircleRamp(ramp, target) : PaintStraightRamp(ramp, target))) {
-        PaintPixelByPixel(draw, ramp, target);
+        PaintPixelByPixel(ramp, target);
     }
 }
 
@@ -59,26 +56,20 @@ void kv::RampTarget::Finish(LONG y) const {
     }
 }
 
-int CKVBwDraw::Pis_Grad_Paint(DWORD* pPixels, int Width, int Height, int x, int y, DWORD Col1,
-                              DWORD Col2, int Patern) {
-    if (pPixels != nullptr && Width > 0 && Height > 0) {
-        const kv::Ramp ramp = MakeRamp(*this, Width, Height, {0, Patern, x, y, Col1, Col2});
-        PaintRamp(*this, ramp, {pPixels, static_cast<std::size_t>(Width), nullptr});
+void kv::PaintBareRamp(DWORD* pixels, int width, int height, const tagGRADINFO& grad) {
+    if (width > 0 && height > 0) {
+        PaintRamp(MakeRamp(width, height, grad),
+                  {pixels, static_cast<std::size_t>(width), nullptr});
     }
-    return 0;
 }
 
-int CKVBwDraw::MakeFb_Grad(const CKVGrayBitmap* pGray, CKVFrameBuffer* pFb,
-                           const tagGRADINFO* pGrad) {
-    if (pGray == nullptr || pFb == nullptr || pGrad == nullptr) {
-        return -1;
+bool kv::PaintGradient(const CKVGrayBitmap& gray, CKVFrameBuffer& fb, tagGRADINFO grad) {
+    if (!MakeLayerSurface(gray, fb)) {
+        return false;
     }
-    const tagGRADINFO grad = *pGrad;
-    const int made = kv::MakeLayerSurface(*pGray, *pFb);
-    if (made != 0 || pFb->IsBuffer() != 0) {
-        return made;
+    if (fb.IsBuffer() == 0) {
+        PaintRamp(MakeRamp(gray.Width, gray.Height, grad),
+                  {fb.GetBufferDWord(), static_cast<std::size_t>(gray.Width), &gray});
     }
-    const kv::Ramp ramp = MakeRamp(*this, pGray->Width, pGray->Height, grad);
-    PaintRamp(*this, ramp, {pFb->GetBufferDWord(), static_cast<std::size_t>(pGray->Width), pGray});
-    return 0;
+    return true;
 }

@@ -3,6 +3,7 @@
 #include <cstddef>
 
 #include <CKVGrayBitmap.h>
+#include <KVDrawInfo.h>
 
 namespace kv {
 
@@ -26,6 +27,27 @@ constexpr int kRampWithPoint = 100;
 
 RampShape ShapeOf(int type);
 
+/// Inclusive.
+struct RampBounds {
+    int left;
+    int top;
+    int right;
+    int bottom;
+};
+
+/// Length and centre of a ramp; the centre only where the type has one.
+struct RampExtent {
+    int length;
+    bool hasCentre;
+    int centreX;
+    int centreY;
+};
+
+/// CKVBwDraw::Pis_Grad_Paint_Set1.
+RampExtent MeasureRamp(int type, int x, int y, const RampBounds& bounds);
+/// CKVBwDraw::Pis_Grad_Paint_Conv: of the pixel (x, y), 0 at Col2 and negative toward Col1.
+double RampDistance(int type, int x, int y, const RampBounds& bounds, int centreX, int centreY);
+
 /// A ramp over a layer whose top left pixel is (0, 0).
 struct Ramp {
     int type;
@@ -35,6 +57,8 @@ struct Ramp {
     LONG centreY;
     DWORD colour;    // at distance 0
     double step[4];  // change of each byte for one unit of distance, blue first
+
+    RampBounds Bounds() const { return {0, 0, width - 1, height - 1}; }
 
     /// The colour at a distance. A product loses its fraction toward 0; sums wrap at a byte.
     DWORD At(double distance) const {
@@ -59,6 +83,9 @@ struct RampTarget {
     /// Applies the row's coverage.
     void Finish(LONG y) const;
 };
+
+/// Paints a ramp without coverage: CKVBwDraw::Pis_Grad_Paint.
+void PaintBareRamp(DWORD* pixels, int width, int height, const tagGRADINFO& grad);
 
 /// Every shape but the circle: all distances are whole numbers. False, with nothing painted, when
 /// there is no memory.

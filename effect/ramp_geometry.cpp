@@ -1,8 +1,8 @@
+// The lengths, centres and distances of ramps, by shape.
+
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
-
-#include <CKVBwDraw.h>
 
 #include "base/narrow.h"
 #include "effect/ramp.h"
@@ -59,70 +59,60 @@ kv::RampShape kv::ShapeOf(int type) {
     return shape >= 1 && shape <= 10 ? static_cast<RampShape>(shape) : RampShape::kHorizontal;
 }
 
-int CKVBwDraw::Pis_Grad_Paint_Set1(int Type, int x, int y, int Left, int Top, int Right, int Bottom,
-                                   int* pCx, int* pCy, int* pLen) {
-    const RampShape shape = kv::ShapeOf(Type);
-    const bool toPoint = Type >= kv::kRampWithPoint && Type <= kv::kRampWithPoint + 10;
+kv::RampExtent kv::MeasureRamp(int type, int x, int y, const RampBounds& bounds) {
+    const auto [left, top, right, bottom] = bounds;
+    const RampShape shape = ShapeOf(type);
+    const bool toPoint = type >= kRampWithPoint && type <= kRampWithPoint + 10;
     const bool hasCentre = shape >= RampShape::kDiamond;
     std::int64_t length = 0;
     if (toPoint) {
-        const std::int64_t reachX = Reach(x, Left, Right);
-        const std::int64_t reachY = Reach(y, Top, Bottom);
+        const std::int64_t reachX = Reach(x, left, right);
+        const std::int64_t reachY = Reach(y, top, bottom);
         length = Length(shape, 2 * reachX + 1, 2 * reachY + 1, reachX + 1, reachY + 1,
                         reachX + 1 + reachY + 1);
     } else {
-        const std::int64_t width = std::int64_t{Right} - Left + 1;
-        const std::int64_t height = std::int64_t{Bottom} - Top + 1;
+        const std::int64_t width = std::int64_t{right} - left + 1;
+        const std::int64_t height = std::int64_t{bottom} - top + 1;
         length = Length(shape, width, height, width >> 1, height >> 1, (width + height) >> 1);
     }
-    *pLen = kv::SaturateToInt32(length);
+    RampExtent extent{SaturateToInt32(length), hasCentre, 0, 0};
     if (hasCentre) {
-        *pCx = toPoint ? x : kv::SaturateToInt32(Right - ((std::int64_t{Right} - Left) >> 1));
-        *pCy = toPoint ? y : kv::SaturateToInt32(Bottom - ((std::int64_t{Bottom} - Top) >> 1));
+        extent.centreX = toPoint ? x : SaturateToInt32(right - ((std::int64_t{right} - left) >> 1));
+        extent.centreY =
+            toPoint ? y : SaturateToInt32(bottom - ((std::int64_t{bottom} - top) >> 1));
     }
-    return 0;
+    return extent;
 }
 
-int CKVBwDraw::Pis_Grad_Paint_Conv(int Type, int PosX, int PosY, int Left, int /*Top*/, int Right,
-                                   int Bottom, int Cx, int Cy, double* pOut) {
-    const std::int64_t px = PosX;
-    const std::int64_t py = PosY;
-    const std::int64_t dx = px - Cx;
-    const std::int64_t dy = py - Cy;
-    const auto store = [pOut](std::int64_t distance) { *pOut = static_cast<double>(distance); };
-    switch (kv::ShapeOf(Type)) {
+double kv::RampDistance(int type, int x, int y, const RampBounds& bounds, int centreX,
+                        int centreY) {
+    const std::int64_t px = x;
+    const std::int64_t py = y;
+    const std::int64_t dx = px - centreX;
+    const std::int64_t dy = py - centreY;
+    const auto whole = [](std::int64_t distance) { return static_cast<double>(distance); };
+    switch (ShapeOf(type)) {
         case RampShape::kVertical:
-            store(py - Bottom);
-            break;
+            return whole(py - bounds.bottom);
         case RampShape::kTowardRight:
-            store(px - Right + py - Bottom);
-            break;
+            return whole(px - bounds.right + py - bounds.bottom);
         case RampShape::kTowardLeft:
-            store(py - px - Bottom + Left);
-            break;
+            return whole(py - px - bounds.bottom + bounds.left);
         case RampShape::kDiamond:
-            store(-(std::abs(dx) + std::abs(dy)));
-            break;
+            return whole(-(std::abs(dx) + std::abs(dy)));
         case RampShape::kSquare:
-            store(-2 * std::max(std::abs(dx), std::abs(dy)));
-            break;
+            return whole(-2 * std::max(std::abs(dx), std::abs(dy)));
         case RampShape::kCircle:
-            *pOut = -Hypotenuse(dx, dy);
-            break;
+            return -Hypotenuse(dx, dy);
         case RampShape::kColumnBand:
-            store(-std::abs(dx));
-            break;
+            return whole(-std::abs(dx));
         case RampShape::kRowBand:
-            store(-std::abs(dy));
-            break;
+            return whole(-std::abs(dy));
         case RampShape::kRisingBand:
-            store(-std::abs(dx + dy));
-            break;
+            return whole(-std::abs(dx + dy));
         case RampShape::kFallingBand:
-            store(-std::abs(dy - dx));
-            break;
+            return whole(-std::abs(dy - dx));
         default:
-            store(px - Right);
+            return whole(px - bounds.right);
     }
-    return 0;
 }

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <limits>
 
 #include "effect/vector.h"
 
@@ -176,6 +177,30 @@ ReduceRow* ReductionFor(int scale) {
         default:
             return nullptr;
     }
+}
+
+bool ReduceMask(int scale, const CKVMonoBitmap& mask, CKVGrayBitmap& coverage) {
+    constexpr int kNoSize = 4;
+    coverage.Delete();
+    ReduceRow* const reduce = ReductionFor(scale);
+    if (reduce == nullptr) {
+        return false;
+    }
+    const auto side = static_cast<std::size_t>(scale);
+    const std::size_t width = std::size_t{mask.Pitch} * 8 / side;
+    const LONG height = mask.Bits != nullptr ? mask.Height / scale : 0;
+    if (width > std::numeric_limits<LONG>::max()) {
+        return false;
+    }
+    const int created = coverage.Create(static_cast<LONG>(width), height);
+    if (created != 0) {
+        return created == kNoSize;  // nothing to reduce is no failure, no memory is one
+    }
+    for (std::size_t row = 0; row < static_cast<std::size_t>(height); ++row) {
+        reduce(mask.Bits + row * side * mask.Pitch, mask.Pitch, width * side / 8,
+               coverage.Bits + row * coverage.Pitch);
+    }
+    return true;
 }
 
 }  // namespace kv

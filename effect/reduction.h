@@ -1,6 +1,7 @@
 #pragma once
 
-#include <platform/types.h>
+#include <CKVGrayBitmap.h>
+#include <CKVMonoBitmap.h>
 
 namespace kv {
 
@@ -12,5 +13,9 @@ using ReduceRow = void(const BYTE* mask, std::size_t pitch, std::size_t bytes, B
 
 /// The reduction for a scale, null for a scale that the pipeline does not know.
 ReduceRow* ReductionFor(int scale);
+
+/// Reduces a whole mask, replacing what the coverage held: CKVBwDraw::MakeAntiGray. False, with an
+/// empty coverage, for an unknown scale and when there is no memory.
+bool ReduceMask(int scale, const CKVMonoBitmap& mask, CKVGrayBitmap& coverage);
 
 }  // namespace kv

@@ -2,17 +2,14 @@
 
 #include <limits>
 
-#include <CKVBwDraw.h>
-
 #include "base/narrow.h"
+#include "effect/arrangement.h"
 
 namespace kv {
 
-int DisplayBody(CKVBwDraw& draw, CKVFrameBuffer& fb, tagKVBWDRAWINFO& info, Layers& layers,
-                CBox& box) {
-    const int made = MakeLayers(draw, info, layers);
-    if (made != 0) {
-        return made;
+bool DisplayBody(CKVFrameBuffer& fb, tagKVBWDRAWINFO& info, Layers& layers, CBox& box) {
+    if (!MakeLayers(info, layers)) {
+        return false;
     }
 
     // Starts as the box whose corners are all beaten: with the wrap its right and bottom are -1.
@@ -33,16 +30,18 @@ int DisplayBody(CKVBwDraw& draw, CKVFrameBuffer& fb, tagKVBWDRAWINFO& info, Laye
     place(layers.edge, EdgeOffset(info));
     place(layers.body, 0);
     box = touched;
-    return 0;
+    return true;
+}
+
+bool SetBody(CKVFrameBuffer& fb, tagKVBWDRAWINFO& info, Layers& layers, CBox& eria, CBox& body,
+             CBox& edge, CBox& shad) {
+    if (!MakeLayers(info, layers)) {
+        return false;
+    }
+    const Arrangement arranged = Arrange(info, layers);
+    arranged.Report(eria, body, edge, shad);
+    StackAnew(fb, info, layers, arranged, arranged.Whole());
+    return true;
 }
 
 }  // namespace kv
-
-int CKVBwDraw::DispFb(CKVFrameBuffer* pFb, tagKVBWDRAWINFO* pInfo, const CKVMonoBitmap* pMono,
-                      CBox* pBox) {
-    m_pFb = pFb;
-    m_pInfo = pInfo;
-    kv::Layers layers;
-    const int reduced = MakeAntiGray(pInfo->AntiScale, pMono, &layers.body.coverage);
-    return reduced != 0 ? reduced : kv::DisplayBody(*this, *pFb, *pInfo, layers, *pBox);
-}

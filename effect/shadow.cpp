@@ -4,8 +4,7 @@
 #include <cstdlib>
 #include <cstring>
 
-#include <CKVBwDraw.h>
-
+#include "effect/edge.h"
 #include "effect/grown.h"
 #include "effect/vector.h"
 #include "effect/yield.h"
@@ -80,49 +79,49 @@ std::int64_t kv::ShadowGrowth(LONG type, LONG size, LONG softSize) {
     }
 }
 
-int CKVBwDraw::Make3DShadow(DWORD Size, const CKVGrayBitmap* pSrc, CKVGrayBitmap* pDst) {
-    const auto steps = static_cast<LONG>(Size);
+bool kv::AddExtrusion(LONG steps, const CKVGrayBitmap& source, CKVGrayBitmap& target) {
     if (steps < 1) {
-        return 0;
+        return true;
     }
-    if (!kv::HasRoom(*pDst, *pSrc, std::int64_t{steps} - 1)) {
-        return -1;
+    if (!HasRoom(target, source, std::int64_t{steps} - 1)) {
+        return false;
     }
-    if (pSrc->Bits == nullptr) {
-        return 0;
+    if (source.Bits == nullptr) {
+        return true;
     }
     // What the target holds already is not to be smeared.
     CKVGrayBitmap smeared;
-    if (!kv::CreateGrown(smeared, kv::Grown(*pSrc, steps))) {
-        return -1;
+    if (!CreateGrown(smeared, Grown(source, steps))) {
+        return false;
     }
-    MakeSmeared(*pSrc, static_cast<std::size_t>(steps), smeared);
-    const std::size_t width = static_cast<std::size_t>(pSrc->Width) + Size - 1;
-    const std::size_t height = static_cast<std::size_t>(pSrc->Height) + Size - 1;
+    const auto count = static_cast<std::size_t>(steps);
+    MakeSmeared(source, count, smeared);
+    const std::size_t width = static_cast<std::size_t>(source.Width) + count - 1;
+    const std::size_t height = static_cast<std::size_t>(source.Height) + count - 1;
     auto* const keepMax = KeepMaxRow();
     for (std::size_t row = 0; row < height; ++row) {
-        keepMax(pDst->Bits + row * pDst->Pitch, smeared.Bits + row * smeared.Pitch, width);
+        keepMax(target.Bits + row * target.Pitch, smeared.Bits + row * smeared.Pitch, width);
     }
-    return 0;
+    return true;
 }
 
-int CKVBwDraw::MakeShadow(int Type, int Size, int SoftSize, int SoftPen, const CKVGrayBitmap* pSrc,
-                          CKVGrayBitmap* pDst) {
-    const std::int64_t growth = kv::ShadowGrowth(Type, Size, SoftSize);
-    if (pSrc->Bits == nullptr || growth < 0) {
-        return -1;
+bool kv::MakeShadow(LONG type, LONG size, LONG softSize, const CKVGrayBitmap& source,
+                    CKVGrayBitmap& target) {
+    const std::int64_t growth = ShadowGrowth(type, size, softSize);
+    if (source.Bits == nullptr || growth < 0) {
+        return false;
     }
-    pDst->Delete();
-    if (!kv::CreateGrown(*pDst, kv::Grown(*pSrc, growth))) {
-        return -1;
+    target.Delete();
+    if (!CreateGrown(target, Grown(source, growth))) {
+        return false;
     }
-    if (Type == kv::kSoftShadow) {
-        return GrayMakeSoftEdge(SoftSize, SoftPen, pSrc, pDst);
+    if (type == kSoftShadow) {
+        return AddSoftEdge(softSize, source, target);
     }
-    if (Type != kv::kExtrudedShadow) {
-        CopyGivingWay(*pSrc, *pDst);
+    if (type != kExtrudedShadow) {
+        CopyGivingWay(source, target);
     } else if (growth > 0) {
-        MakeSmeared(*pSrc, static_cast<std::size_t>(growth), *pDst);
+        MakeSmeared(source, static_cast<std::size_t>(growth), target);
     }
-    return 0;
+    return true;
 }

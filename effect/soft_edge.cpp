@@ -1,10 +1,8 @@
 #include <algorithm>
 #include <cstring>
 
-#include <CKVBwDraw.h>
-#include <CKVGrayBitmap.h>
-
 #include "base/scratch.h"
+#include "effect/edge.h"
 #include "effect/grown.h"
 #include "effect/soft_rows.h"
 #include "effect/vector.h"
@@ -63,7 +61,7 @@ KV_TARGET_AVX2 void NearerAvx2(const Distance* above, const Distance* below, Dis
 
 // Radius at least 1; target has room.
 template <class Rows>
-int AddSoftEdge(int size, const CKVGrayBitmap& source, CKVGrayBitmap& target) {
+bool AddBy(int size, const CKVGrayBitmap& source, CKVGrayBitmap& target) {
     using Distance = typename Rows::Distance;
     const auto width = static_cast<std::size_t>(source.Width);
     const auto height = static_cast<std::size_t>(source.Height);
@@ -75,7 +73,7 @@ int AddSoftEdge(int size, const CKVGrayBitmap& source, CKVGrayBitmap& target) {
     // beneath, then the same upwards for the row in hand, then the nearer of the two.
     const auto memory = kv::Scratch<Distance>(width * (height + 3));
     if (memory == nullptr || !rows.Prepare(size, width)) {
-        return -1;
+        return false;
     }
     Distance* const below = memory.get();
     Distance* const none = below + width * height;
@@ -104,21 +102,19 @@ int AddSoftEdge(int size, const CKVGrayBitmap& source, CKVGrayBitmap& target) {
         }
         rows.Add(nearer, out);
     }
-    return 0;
+    return true;
 }
 
 }  // namespace
 
-int CKVBwDraw::GrayMakeSoftEdge(int Size, int /*SoftPen*/, const CKVGrayBitmap* pSrc,
-                                CKVGrayBitmap* pDst) {
-    if (Size < 0 || Size > kv::FarSoftRows::kLargestRadius ||
-        !kv::HasRoom(*pDst, *pSrc, std::int64_t{2} * Size)) {
-        return -1;
+bool kv::AddSoftEdge(int radius, const CKVGrayBitmap& source, CKVGrayBitmap& target) {
+    if (radius < 0 || radius > FarSoftRows::kLargestRadius ||
+        !HasRoom(target, source, std::int64_t{2} * radius)) {
+        return false;
     }
-    if (Size == 0) {
-        return 0;  // a disc without a positive weight
+    if (radius == 0) {
+        return true;  // a disc without a positive weight
     }
-    return Size <= kv::NearSoftRows::kLargestRadius
-               ? AddSoftEdge<kv::NearSoftRows>(Size, *pSrc, *pDst)
-               : AddSoftEdge<kv::FarSoftRows>(Size, *pSrc, *pDst);
+    return radius <= NearSoftRows::kLargestRadius ? AddBy<NearSoftRows>(radius, source, target)
+                                                  : AddBy<FarSoftRows>(radius, source, target);
 }

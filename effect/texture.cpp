@@ -2,10 +2,9 @@
 #include <cstring>
 #include <span>
 
-#include <CImgFile.h>
-#include <CKVBwDraw.h>
-
+#include "effect/cover_row.h"
 #include "effect/paint.h"
+#include "effect/texture_picture.h"
 
 namespace {
 
@@ -58,23 +57,22 @@ void PaintRows(const CKVGrayBitmap& gray, CKVFrameBuffer& layer, const PaintRow&
     }
 }
 
-int PaintScaled(const CKVGrayBitmap& gray, CKVFrameBuffer& layer, const CKVFrameBuffer& picture) {
+bool PaintScaled(const CKVGrayBitmap& gray, CKVFrameBuffer& layer, const CKVFrameBuffer& picture) {
     if (gray.Bits == nullptr) {
         layer.DeleteFrameBuffer();
-        return 0;
+        return true;
     }
     if (picture.SizeChange(&layer, gray.Width, gray.Height) != 0) {
-        return -1;
+        return false;
     }
     PaintRows(gray, layer, [](Pixels, LONG) {});
-    return 0;
+    return true;
 }
 
-int PaintByRows(const CKVGrayBitmap& gray, CKVFrameBuffer& layer, CKVFrameBuffer& picture,
-                LONG mode) {
-    const int made = kv::MakeLayerSurface(gray, layer);
-    if (made != 0) {
-        return made;
+bool PaintByRows(const CKVGrayBitmap& gray, CKVFrameBuffer& layer, CKVFrameBuffer& picture,
+                 LONG mode) {
+    if (!kv::MakeLayerSurface(gray, layer)) {
+        return false;
     }
     PaintRows(gray, layer, [&](Pixels row, LONG y) {
         switch (mode) {
@@ -89,21 +87,18 @@ int PaintByRows(const CKVGrayBitmap& gray, CKVFrameBuffer& layer, CKVFrameBuffer
                 break;
         }
     });
-    return 0;
+    return true;
 }
 
 }  // namespace
 
-int CKVBwDraw::MakeFb_Text(const CKVGrayBitmap* pGray, CKVFrameBuffer* pFb,
-                           const tagTEXTUREINFO* pText) {
+bool kv::PaintTexture(const CKVGrayBitmap& gray, CKVFrameBuffer& fb,
+                      const tagTEXTUREINFO& texture) {
     constexpr LONG kScaled = 2;
-    if (pGray == nullptr || pFb == nullptr || pText == nullptr) {
-        return -1;
-    }
     CKVFrameBuffer picture;
-    if (CImgFile::LoadImg(pText->File, &picture, nullptr) != 0) {
-        return MakeFb_Color(pGray, pFb, &kBlack);
+    if (!LoadTexture(texture.File, picture)) {
+        return PaintColour(gray, fb, kBlack);
     }
-    return pText->Mode == kScaled ? PaintScaled(*pGray, *pFb, picture)
-                                  : PaintByRows(*pGray, *pFb, picture, pText->Mode);
+    return texture.Mode == kScaled ? PaintScaled(gray, fb, picture)
+                                   : PaintByRows(gray, fb, picture, texture.Mode);
 }

@@ -2,8 +2,6 @@
 
 #include <new>
 
-#include <CKVBwDraw.h>
-
 #include "effect/render.h"
 #include "shape/enlarged_shape.h"
 
@@ -51,9 +49,8 @@ int CDrawGraph::DrawFrame(CKVFrameBuffer* fb) {
     }
     ConnectAll();
     kv::Layers layers;
-    CKVBwDraw draw;
     if (DrawBody(*this, layers.body.coverage) && fb != nullptr) {
-        kv::DisplayBody(draw, *fb, m_Info, layers, m_DispEria);
+        kv::DisplayBody(*fb, m_Info, layers, m_DispEria);
     }
     return 0;
 }
@@ -64,9 +61,8 @@ int CDrawGraph::DrawFrameEria(CKVFrameBuffer* fb, CBox& eria, CBox& body, CBox& 
     }
     ConnectAll();
     kv::Layers layers;
-    CKVBwDraw draw;
     if (DrawBody(*this, layers.body.coverage) && fb != nullptr) {
-        kv::SetBody(draw, *fb, m_Info, layers, m_DispEria, body, edge, shad);
+        kv::SetBody(*fb, m_Info, layers, m_DispEria, body, edge, shad);
     }
     eria = m_DispEria;
     return 0;
