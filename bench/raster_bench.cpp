@@ -10,6 +10,7 @@
 
 #include "platform/gdi/bit_sink.h"
 #include "platform/gdi/path.h"
+#include "platform/gdi/scan_converter.h"
 #include "platform/gdi/turned_sink.h"
 
 namespace {

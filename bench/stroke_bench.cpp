@@ -6,6 +6,7 @@
 #include <benchmark/benchmark.h>
 
 #include "platform/gdi/bit_sink.h"
+#include "platform/gdi/scan_converter.h"
 #include "platform/gdi/stroker.h"
 
 namespace {
