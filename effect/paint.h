@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+
 #include <CKVFrameBuffer.h>
 #include <CKVGrayBitmap.h>
 #include <KVDrawInfo.h>

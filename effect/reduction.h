@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+
 #include <CKVGrayBitmap.h>
 #include <CKVMonoBitmap.h>
 

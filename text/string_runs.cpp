@@ -1,5 +1,6 @@
 // String analysis: the break character and the runs of a vertical line.
 
+#include <cstdint>
 #include <string>
 
 #include <CKVFont.h>
@@ -53,7 +54,8 @@ int CKVFont::ChBreakChar(CString& text, wchar_t breakChar) {
     if (breakChar == L' ') {
         return 0;
     }
-    if (breakChar < 0 || breakChar > 255) {
+    // Whether a wchar_t has a sign depends on the processor.
+    if (static_cast<std::uint32_t>(breakChar) > 255) {
         return -1;
     }
     // A trail byte is never 0x20, so bytes need no stepping by character.

@@ -6,7 +6,7 @@ namespace kv::gdi {
 
 namespace {
 
-using Wide = __int128;
+__extension__ using Wide = __int128;
 
 // Within this distance a product of two differences fits 128 bits, and the walk fits 64 bits.
 constexpr std::int64_t kFarthest = std::int64_t{1} << 52;

@@ -44,8 +44,8 @@ std::optional<LONG> Mapped(LONG at, Span target, Span source, LONG limit) {
     if (n == 0 || at < first || at >= first + m) {
         return {};
     }
-    std::int64_t step =
-        static_cast<std::int64_t>(static_cast<__int128>(2 * (at - first) + 1) * n / (2 * m));
+    __extension__ using Wide = __int128;
+    auto step = static_cast<std::int64_t>(static_cast<Wide>(2 * (at - first) + 1) * n / (2 * m));
     if ((target.extent < 0) != (source.extent < 0)) {
         step = n - 1 - step;
     }

@@ -11,6 +11,8 @@
 namespace kv::gdi {
 namespace {
 
+__extension__ using Wide = __int128;
+
 constexpr FillRule kRules[] = {FillRule::kAlternate, FillRule::kWinding};
 
 void AddContour(Contours& contours, const std::vector<FixedPoint>& points) {
@@ -27,8 +29,8 @@ int Winding(const Contours& contours, std::int64_t column, std::int64_t row) {
         for (std::size_t i = begin; i < end; ++i) {
             const FixedPoint& a = contours.points[i];
             const FixedPoint& b = contours.points[i + 1 < end ? i + 1 : begin];
-            const __int128 side = static_cast<__int128>(b.x - a.x) * (at.y - a.y) -
-                                  static_cast<__int128>(at.x - a.x) * (b.y - a.y);
+            const Wide side = static_cast<Wide>(b.x - a.x) * (at.y - a.y) -
+                              static_cast<Wide>(at.x - a.x) * (b.y - a.y);
             winding += a.y <= at.y && b.y > at.y && side <= 0 ? 1 : 0;
             winding -= b.y <= at.y && a.y > at.y && side >= 0 ? 1 : 0;
         }
