@@ -3,11 +3,17 @@
 // Which instruction set the kernels may use. A kernel is a forced-inline body called by two thin
 // functions, one plain and one marked KV_TARGET_AVX2; a table of function pointers, filled once per
 // level, chooses between them. Both give the same bytes.
+//
+// KV_HAS_SSE2: the plain functions may name x86-64's baseline instructions.
+// KV_HAS_AVX2_PATH: those marked KV_TARGET_AVX2 may name AVX2's.
+// A build with KVDRAW_PORTABLE does without either, as on other processors.
 
-#if defined(__x86_64__)
+#if defined(__x86_64__) && !defined(KVDRAW_PORTABLE)
+#define KV_HAS_SSE2 1
 #define KV_HAS_AVX2_PATH 1
 #define KV_TARGET_AVX2 __attribute__((target("avx2")))
 #else
+#define KV_HAS_SSE2 0
 #define KV_HAS_AVX2_PATH 0
 #define KV_TARGET_AVX2
 #endif

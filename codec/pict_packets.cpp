@@ -1,6 +1,8 @@
 #include "codec/pict_packets.h"
 
-#if defined(__SSE2__)
+#include "base/cpu.h"
+
+#if KV_HAS_SSE2
 #include <emmintrin.h>
 #endif
 
@@ -20,7 +22,7 @@ std::uint64_t EqualBits(const BYTE* bytes, std::size_t count) {
 }
 
 std::uint64_t EqualBits64(const BYTE* bytes) {
-#if defined(__SSE2__)
+#if KV_HAS_SSE2
     std::uint64_t bits = 0;
     for (std::size_t i = 0; i < 64; i += 16) {
         const __m128i here = _mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes + i));

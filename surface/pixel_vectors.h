@@ -5,11 +5,11 @@
 
 #include <platform/types.h>
 
-#if defined(__x86_64__)
+#include "base/cpu.h"
+
+#if KV_HAS_SSE2
 #include <immintrin.h>
 #endif
-
-#include "base/cpu.h"
 
 // Several pixels side by side. Two sets of the same operations: PlainLanes for every processor and
 // Avx2Lanes. A kernel makes one set before its loop, since the set carries the loop's constants.
@@ -36,7 +36,7 @@ struct PlainLanes : PixelVectors<4> {
     U32 lowHalf = U32{} + 0xFFFF;
 
     static KV_FORCE_INLINE bool IsZero(const U32& pixels) {
-#if defined(__x86_64__)
+#if KV_HAS_SSE2
         const __m128i zero = _mm_cmpeq_epi8(reinterpret_cast<__m128i>(pixels), __m128i{});
         return _mm_movemask_epi8(zero) == 0xFFFF;
 #else

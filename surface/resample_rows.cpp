@@ -2,11 +2,11 @@
 
 #include <cstring>
 
-#if defined(__x86_64__)
+#include "base/cpu.h"
+
+#if KV_HAS_SSE2
 #include <immintrin.h>
 #endif
-
-#include "base/cpu.h"
 
 namespace kv {
 namespace {
@@ -18,7 +18,7 @@ using Doubles = double __attribute__((vector_size(32)));
 
 struct PlainPixels {
     static KV_FORCE_INLINE void Widen(Ints& bytes, const DWORD* pixel) {
-#if defined(__x86_64__)
+#if KV_HAS_SSE2
         const __m128i zero{};
         const __m128i words = _mm_unpacklo_epi8(_mm_loadu_si32(pixel), zero);
         bytes = reinterpret_cast<Ints>(_mm_unpacklo_epi16(words, zero));
@@ -79,7 +79,7 @@ KV_FORCE_INLINE void Mix(Ints& bytes, const double* upper, const double* lower, 
 
 KV_FORCE_INLINE void Narrow(DWORD* pixels, const Ints& a, const Ints& b, const Ints& c,
                             const Ints& d) {
-#if defined(__x86_64__)
+#if KV_HAS_SSE2
     const __m128i ab = _mm_packs_epi32(reinterpret_cast<__m128i>(a), reinterpret_cast<__m128i>(b));
     const __m128i cd = _mm_packs_epi32(reinterpret_cast<__m128i>(c), reinterpret_cast<__m128i>(d));
     _mm_storeu_si128(reinterpret_cast<__m128i*>(pixels), _mm_packus_epi16(ab, cd));
