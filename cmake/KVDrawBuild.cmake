@@ -4,8 +4,9 @@ add_library(kvdraw_settings INTERFACE)
 target_compile_features(kvdraw_settings INTERFACE cxx_std_20)
 # Results are exact integers computed through doubles in places: no fused products.
 target_compile_options(kvdraw_settings INTERFACE
-  -Wall -Wextra -Wconversion -Wshadow -Werror -ffp-contract=off
+  -Wall -Wextra -Wpedantic -Wconversion -Wshadow -ffp-contract=off
   -fvisibility=hidden -fvisibility-inlines-hidden)
+target_compile_definitions(kvdraw_settings INTERFACE $<$<BOOL:${KVDRAW_PORTABLE}>:KVDRAW_PORTABLE>)
 # Vector types wider than the baseline are passed only between inlined functions.
 target_compile_options(kvdraw_settings INTERFACE -Wno-psabi)
 
@@ -18,20 +19,29 @@ if(KVDRAW_BUILD_FUZZERS)
   add_compile_options(-fsanitize=fuzzer-no-link)  # coverage for the fuzzer, in the library too
 endif()
 
-# The shared library, its static twin with every symbol visible to the tests, and the package files.
+# The library, shared unless BUILD_SHARED_LIBS is given as off, and its static twin with every symbol
+# visible to the tests.
 macro(kvdraw_add_library_targets)
-  add_library(kvdraw SHARED)
+  if(DEFINED BUILD_SHARED_LIBS AND NOT BUILD_SHARED_LIBS)
+    set(KVDRAW_STATIC ON)
+    add_library(kvdraw STATIC $<TARGET_OBJECTS:kvdraw_objects>)
+  else()
+    set(KVDRAW_STATIC OFF)
+    add_library(kvdraw SHARED $<TARGET_OBJECTS:kvdraw_objects>)
+  endif()
   add_library(KVDraw::kvdraw ALIAS kvdraw)
   set_target_properties(kvdraw PROPERTIES
-    VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
+    VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
   target_compile_features(kvdraw PUBLIC cxx_std_20)
-  set(exports ${CMAKE_CURRENT_SOURCE_DIR}/cmake/exports.map)
-  target_link_options(kvdraw PRIVATE -Wl,--version-script=${exports})
-  set_target_properties(kvdraw PROPERTIES LINK_DEPENDS ${exports})
-  if(NOT KVDRAW_SANITIZE)
-    target_link_options(kvdraw PRIVATE -Wl,--no-undefined)
+  if(NOT KVDRAW_STATIC)
+    set(exports ${CMAKE_CURRENT_SOURCE_DIR}/cmake/exports.map)
+    target_link_options(kvdraw PRIVATE -Wl,--version-script=${exports})
+    set_target_properties(kvdraw PROPERTIES LINK_DEPENDS ${exports})
+    if(NOT KVDRAW_SANITIZE)
+      target_link_options(kvdraw PRIVATE -Wl,--no-undefined)
+    endif()
   endif()
-  target_link_libraries(kvdraw PRIVATE kvdraw_objects
+  target_link_libraries(kvdraw PRIVATE
     PkgConfig::FREETYPE PkgConfig::FONTCONFIG PkgConfig::HARFBUZZ Threads::Threads ${CMAKE_DL_LIBS})
   target_include_directories(kvdraw PUBLIC
     $<BUILD_INTERFACE:${CMAKE_CURRENT_SOURCE_DIR}/include>
@@ -47,7 +57,8 @@ endmacro()
 # kvdraw_test(NAME SOURCES...): one GoogleTest program, a CTest entry for each of its cases.
 function(kvdraw_test name)
   add_executable(${name} ${ARGN})
-  target_link_libraries(${name} PRIVATE kvdraw_internal kvdraw_settings GTest::gtest_main)
+  target_link_libraries(${name} PRIVATE
+    kvdraw_test_level kvdraw_internal kvdraw_settings GTest::gtest_main)
   gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
 endfunction()
 
@@ -67,7 +78,7 @@ function(kvdraw_fuzzer name source seeds)
   endif()
   if(KVDRAW_BUILD_TESTS)
     add_executable(${name}_replay ${source} ${PROJECT_SOURCE_DIR}/tests/fuzz/replay_main.cpp)
-    target_link_libraries(${name}_replay PRIVATE kvdraw_internal kvdraw_settings)
+    target_link_libraries(${name}_replay PRIVATE kvdraw_test_level kvdraw_internal kvdraw_settings)
     add_test(NAME ${name} COMMAND ${name}_replay ${CMAKE_CURRENT_SOURCE_DIR}/${seeds})
     set_tests_properties(${name} PROPERTIES TIMEOUT 300)
   endif()

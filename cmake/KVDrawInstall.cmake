@@ -17,6 +17,11 @@ install(FILES
 
 file(RELATIVE_PATH KVDRAW_PC_TO_PREFIX
   /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
+set(KVDRAW_PC_PRIVATE "")
+if(KVDRAW_STATIC)
+  set(KVDRAW_PC_PRIVATE
+    "Requires.private: freetype2 fontconfig harfbuzz\nLibs.private: -pthread -l${CMAKE_DL_LIBS}\n")
+endif()
 configure_file(cmake/kvdraw.pc.in kvdraw.pc @ONLY)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/kvdraw.pc
   DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
