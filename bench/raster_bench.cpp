@@ -8,10 +8,10 @@
 
 #include <benchmark/benchmark.h>
 
-#include "platform/gdi/bit_sink.h"
-#include "platform/gdi/path.h"
-#include "platform/gdi/scan_converter.h"
-#include "platform/gdi/turned_sink.h"
+#include "raster/bit_sink.h"
+#include "raster/path.h"
+#include "raster/scan_converter.h"
+#include "raster/turned_sink.h"
 
 namespace {
 

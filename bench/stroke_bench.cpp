@@ -5,9 +5,9 @@
 
 #include <benchmark/benchmark.h>
 
-#include "platform/gdi/bit_sink.h"
-#include "platform/gdi/scan_converter.h"
-#include "platform/gdi/stroker.h"
+#include "raster/bit_sink.h"
+#include "raster/scan_converter.h"
+#include "raster/stroker.h"
 
 namespace {
 

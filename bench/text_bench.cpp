@@ -7,8 +7,8 @@
 #include <benchmark/benchmark.h>
 #include <platform/dc.h>
 
-#include "platform/gdi/font_catalogue.h"
-#include "platform/gdi/free_type.h"
+#include "platform/font/font_catalogue.h"
+#include "platform/font/free_type.h"
 
 #include FT_OUTLINE_H
 

@@ -8,11 +8,11 @@
 #include <CDib.h>
 
 #include "base/narrow.h"
-#include "base/wrap.h"
 #include "dib/layout.h"
 #include "dib/palette.h"
-#include "platform/dib/format.h"
-#include "platform/file_mapping.h"
+#include "platform/bitmap/format.h"
+#include "platform/system/file_mapping.h"
+#include "surface/wrap.h"
 
 using kv::dib::kHeaderBytes;
 

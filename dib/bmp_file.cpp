@@ -5,7 +5,7 @@
 #include <CDib.h>
 
 #include "dib/layout.h"
-#include "platform/field_file.h"
+#include "object_file/field_file.h"
 
 using kv::dib::FileHeader;
 using kv::dib::kHeaderBytes;

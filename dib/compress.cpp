@@ -7,8 +7,8 @@
 #include <CDib.h>
 
 #include "dib/layout.h"
-#include "platform/dib/device.h"
-#include "platform/dib/format.h"
+#include "platform/bitmap/format.h"
+#include "platform/device/device.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 
 #include "dib/layout.h"
 #include "dib/palette.h"
-#include "platform/dib/device.h"
+#include "platform/device/device.h"
 
 namespace {
 

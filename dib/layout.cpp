@@ -4,7 +4,7 @@
 #include <cstdlib>
 
 #include "base/checked.h"
-#include "platform/dib/format.h"
+#include "platform/bitmap/format.h"
 
 namespace kv::dib {
 namespace {

@@ -7,7 +7,7 @@
 #include <CDib.h>
 
 #include "dib/layout.h"
-#include "platform/file_mapping.h"
+#include "platform/system/file_mapping.h"
 
 using kv::dib::FileHeader;
 using kv::dib::kHeaderBytes;

@@ -4,7 +4,7 @@
 #include <new>
 #include <utility>
 
-#include "platform/dib/device.h"
+#include "platform/device/device.h"
 
 HPALETTE kv::dib::TablePalette(std::span<const BYTE> table) try {
     LOGPALETTE palette;

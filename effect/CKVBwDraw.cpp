@@ -3,14 +3,14 @@
 #include <CKVBwDraw.h>
 #include <CKVMonoBitmap.h>
 
-#include "effect/brush.h"
-#include "effect/edge.h"
+#include "effect/coverage/brush.h"
+#include "effect/coverage/edge.h"
+#include "effect/coverage/reduction.h"
+#include "effect/coverage/shadow.h"
 #include "effect/image_edge.h"
-#include "effect/paint.h"
-#include "effect/ramp.h"
-#include "effect/reduction.h"
+#include "effect/paint/paint.h"
+#include "effect/paint/ramp.h"
 #include "effect/render.h"
-#include "effect/shadow.h"
 
 namespace {
 

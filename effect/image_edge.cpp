@@ -1,7 +1,7 @@
 #include "effect/image_edge.h"
 
+#include "base/vector.h"
 #include "effect/arrangement.h"
-#include "effect/vector.h"
 
 namespace {
 

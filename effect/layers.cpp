@@ -2,10 +2,10 @@
 
 #include <limits>
 
-#include "effect/edge.h"
-#include "effect/grown.h"
-#include "effect/paint.h"
-#include "effect/shadow.h"
+#include "effect/coverage/edge.h"
+#include "effect/coverage/grown.h"
+#include "effect/coverage/shadow.h"
+#include "effect/paint/paint.h"
 
 namespace kv {
 namespace {

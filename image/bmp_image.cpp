@@ -6,7 +6,7 @@
 #include <CDib.h>
 #include <CImgFile.h>
 
-#include "platform/dib/format.h"
+#include "platform/bitmap/format.h"
 #include "surface/bgr_rows.h"
 
 namespace {

@@ -3,7 +3,7 @@
 #include <CKVTargaImage.h>
 #include <platform/exception.h>
 
-#include "platform/mbcs.h"
+#include "platform/text/mbcs.h"
 
 namespace {
 

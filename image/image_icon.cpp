@@ -3,7 +3,7 @@
 #include <CImgFile.h>
 #include <platform/exception.h>
 
-#include "platform/mbcs.h"
+#include "platform/text/mbcs.h"
 
 int CImgFile::SaveIcon(const char* name, LONG width, LONG height) try {
     if (m_Img.IsBuffer() != 0 && LoadImg() != 0) {

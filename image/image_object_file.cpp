@@ -4,7 +4,7 @@
 
 #include <CImgFile.h>
 
-#include "platform/field_file.h"
+#include "object_file/field_file.h"
 
 namespace {
 

@@ -7,8 +7,8 @@
 
 #include <CDrawGraph.h>
 
-#include "effect/effect_block.h"
-#include "platform/field_file.h"
+#include "object_file/effect_block.h"
+#include "object_file/field_file.h"
 
 namespace {
 

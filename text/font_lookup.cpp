@@ -6,7 +6,7 @@
 #include <CKVFont.h>
 #include <platform/exception.h>
 
-#include "platform/gdi/font_enum.h"
+#include "platform/font/font_enum.h"
 
 namespace {
 

@@ -6,8 +6,8 @@
 #include <CKVFont.h>
 
 #include "base/narrow.h"
-#include "platform/gdi/font_name.h"
-#include "platform/mbcs.h"
+#include "platform/font/font_name.h"
+#include "platform/text/mbcs.h"
 
 namespace kv::text {
 namespace {

@@ -5,7 +5,7 @@
 
 #include <CKVFont.h>
 
-#include "platform/mbcs.h"
+#include "platform/text/mbcs.h"
 #include "text/line_cell.h"
 
 namespace {

@@ -6,8 +6,8 @@
 
 #include <CDrawText.h>
 
-#include "effect/effect_block.h"
-#include "platform/field_file.h"
+#include "object_file/effect_block.h"
+#include "object_file/field_file.h"
 
 namespace {
 

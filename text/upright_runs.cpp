@@ -3,7 +3,7 @@
 #include <CKVFont.h>
 
 #include "base/narrow.h"
-#include "platform/mbcs.h"
+#include "platform/text/mbcs.h"
 #include "text/line_cell.h"
 
 namespace kv::text {

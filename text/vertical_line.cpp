@@ -5,7 +5,7 @@
 #include <CKVFont.h>
 
 #include "base/narrow.h"
-#include "platform/gdi/font_name.h"
+#include "platform/font/font_name.h"
 
 namespace kv::text {
 namespace {

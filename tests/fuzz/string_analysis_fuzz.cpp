@@ -4,7 +4,7 @@
 
 #include <CKVFont.h>
 
-#include "platform/mbcs.h"
+#include "platform/text/mbcs.h"
 
 namespace {
 

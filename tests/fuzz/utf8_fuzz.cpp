@@ -4,7 +4,7 @@
 
 #include <KVUtf8.h>
 
-#include "platform/mbcs.h"
+#include "platform/text/mbcs.h"
 
 // Both directions on any bytes. What one has made, the other takes back to the same bytes.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

@@ -12,7 +12,7 @@
 #include <gtest/gtest.h>
 
 #include "shape/enlarged_shape.h"
-#include "tests/platform/raster_check.h"
+#include "tests/raster/raster_check.h"
 
 namespace {
 

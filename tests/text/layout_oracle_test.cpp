@@ -10,8 +10,8 @@
 #include <gtest/gtest.h>
 #include <platform/dc.h>
 
-#include "platform/gdi/font_name.h"
-#include "platform/mbcs.h"
+#include "platform/font/font_name.h"
+#include "platform/text/mbcs.h"
 #include "text/fit_rule.h"
 
 namespace {

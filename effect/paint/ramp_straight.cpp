@@ -1,0 +1,128 @@
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+
+#include "base/scratch.h"
+#include "effect/paint/ramp.h"
+
+namespace kv {
+namespace {
+
+// Every row is cut from one line of colours: position p of the line has the colour at distance -|p|
+// (twice that for the square). A row is up to three pieces: columns from 0 on that walk along the
+// line from `left`, a run of the one colour at `middle`, columns from runEnd on that walk from
+// `right`.
+struct RowPieces {
+    std::int64_t left = 0;
+    std::int64_t runBegin = 0;
+    std::int64_t middle = 0;
+    std::int64_t runEnd = 0;
+    std::int64_t right = 0;
+};
+
+RowPieces Run(const Ramp& ramp, std::int64_t middle) {
+    return {0, 0, middle, ramp.width, 0};
+}
+
+RowPieces Walk(std::int64_t start) {
+    return {0, 0, 0, 0, start};
+}
+
+RowPieces PiecesOf(const Ramp& ramp, LONG y) {
+    const std::int64_t cx = ramp.centreX;
+    const std::int64_t dy = std::int64_t{y} - ramp.centreY;
+    const std::int64_t away = std::abs(dy);
+    const std::int64_t right = ramp.width - 1;
+    const std::int64_t up = std::int64_t{ramp.height} - 1 - y;
+    switch (ShapeOf(ramp.type)) {
+        case RampShape::kVertical:
+            return Run(ramp, up);
+        case RampShape::kRowBand:
+            return Run(ramp, dy);
+        case RampShape::kTowardRight:
+            return Walk(-right - up);
+        case RampShape::kTowardLeft:
+            return Walk(up);
+        case RampShape::kColumnBand:
+            return Walk(-cx);
+        case RampShape::kRisingBand:
+            return Walk(dy - cx);
+        case RampShape::kFallingBand:
+            return Walk(-dy - cx);
+        case RampShape::kDiamond:
+            return {-cx - away, cx, 0, cx, away};
+        case RampShape::kSquare: {
+            const std::int64_t begin = std::max<std::int64_t>(cx - away, 0);
+            const std::int64_t end = std::min<std::int64_t>(cx + away, right) + 1;
+            return {-cx, begin, away, end, end - cx};
+        }
+        default:
+            return Walk(-right);
+    }
+}
+
+// The colours of all positions that the rows touch.
+class ColourLine {
+  public:
+    bool Make(const Ramp& ramp) {
+        std::int64_t last = 0;
+        const auto touch = [&](std::int64_t from, std::int64_t count) {
+            if (count > 0) {
+                first_ = std::min(first_, from);
+                last = std::max(last, from + count - 1);
+            }
+        };
+        for (LONG y = 0; y < ramp.height; ++y) {
+            const RowPieces row = PiecesOf(ramp, y);
+            touch(row.left, row.runBegin);
+            touch(row.middle, row.runEnd - row.runBegin > 0 ? 1 : 0);
+            touch(row.right, ramp.width - row.runEnd);
+        }
+        colours_ = Scratch<DWORD>(static_cast<std::size_t>(last - first_ + 1));
+        if (colours_ == nullptr) {
+            return false;
+        }
+        const std::int64_t scale = ShapeOf(ramp.type) == RampShape::kSquare ? -2 : -1;
+        for (std::int64_t at = first_; at <= last; ++at) {
+            colours_[static_cast<std::size_t>(at - first_)] =
+                ramp.At(static_cast<double>(scale * std::abs(at)));
+        }
+        return true;
+    }
+
+    const DWORD* From(std::int64_t position) const { return colours_.get() + (position - first_); }
+
+  private:
+    std::int64_t first_ = 0;
+    std::unique_ptr<DWORD[]> colours_;
+};
+
+void PaintRow(const RowPieces& row, const ColourLine& line, LONG width, DWORD* pixels) {
+    const auto copy = [&](std::int64_t column, std::int64_t position, std::int64_t count) {
+        if (count > 0) {
+            std::memcpy(pixels + column, line.From(position),
+                        static_cast<std::size_t>(count) * sizeof(DWORD));
+        }
+    };
+    copy(0, row.left, row.runBegin);
+    if (row.runBegin < row.runEnd) {
+        std::fill(pixels + row.runBegin, pixels + row.runEnd, *line.From(row.middle));
+    }
+    copy(row.runEnd, row.right, width - row.runEnd);
+}
+
+}  // namespace
+
+bool PaintStraightRamp(const Ramp& ramp, const RampTarget& target) {
+    ColourLine line;
+    if (!line.Make(ramp)) {
+        return false;
+    }
+    for (LONG y = 0; y < ramp.height; ++y) {
+        PaintRow(PiecesOf(ramp, y), line, ramp.width, target.Row(y));
+        target.Finish(y);
+    }
+    return true;
+}
+
+}  // namespace kv

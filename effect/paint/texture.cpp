@@ -1,0 +1,104 @@
+#include <algorithm>
+#include <cstring>
+#include <span>
+
+#include "effect/paint/cover_row.h"
+#include "effect/paint/paint.h"
+#include "effect/paint/texture_picture.h"
+
+namespace {
+
+constexpr DWORD kBlack = 0xFF000000;
+
+using Pixels = std::span<DWORD>;
+using ConstPixels = std::span<const DWORD>;
+
+Pixels RowOf(CKVFrameBuffer& fb, LONG y) {
+    const std::size_t width = fb.GetWidth();
+    return {fb.GetBufferDWord() + static_cast<std::size_t>(y) * width, width};
+}
+
+// Row y of a layer that has the picture in its middle. What does not fit is cut on all sides.
+void CentreRow(CKVFrameBuffer& picture, LONG height, LONG y, Pixels row) {
+    const auto width = static_cast<LONG>(row.size());
+    const LONG left = width / 2 - picture.m_Width / 2;
+    const LONG top = height / 2 - picture.m_Height / 2;
+    if (y < top || y - top >= picture.m_Height) {
+        std::ranges::fill(row, kBlack);
+        return;
+    }
+    const auto cut = static_cast<std::size_t>(std::max(-left, 0));
+    const auto start = static_cast<std::size_t>(std::max(left, 0));
+    ConstPixels shown = RowOf(picture, y - top).subspan(cut);
+    shown = shown.first(std::min(shown.size(), row.size() - start));
+    std::ranges::fill(row.first(start), kBlack);
+    std::ranges::copy(shown, row.subspan(start).begin());
+    std::ranges::fill(row.subspan(start + shown.size()), kBlack);
+}
+
+// Repeats the pixels over the row. What stands is doubled: tiles may be a pixel wide.
+void RepeatRow(ConstPixels tile, Pixels row) {
+    std::size_t done = std::min(tile.size(), row.size());
+    std::ranges::copy(tile.first(done), row.begin());
+    while (done < row.size()) {
+        const std::size_t step = std::min(done, row.size() - done);
+        std::ranges::copy(row.first(step), row.subspan(done).begin());
+        done += step;
+    }
+}
+
+// Calls paintRow(row, y) for each row of the layer and applies the coverage to it.
+template <class PaintRow>
+void PaintRows(const CKVGrayBitmap& gray, CKVFrameBuffer& layer, const PaintRow& paintRow) {
+    for (LONG y = 0; y < layer.m_Height; ++y) {
+        const Pixels row = RowOf(layer, y);
+        paintRow(row, y);
+        kv::CoverRow(gray.Bits + static_cast<std::size_t>(y) * gray.Pitch, row.data(), row.size());
+    }
+}
+
+bool PaintScaled(const CKVGrayBitmap& gray, CKVFrameBuffer& layer, const CKVFrameBuffer& picture) {
+    if (gray.Bits == nullptr) {
+        layer.DeleteFrameBuffer();
+        return true;
+    }
+    if (picture.SizeChange(&layer, gray.Width, gray.Height) != 0) {
+        return false;
+    }
+    PaintRows(gray, layer, [](Pixels, LONG) {});
+    return true;
+}
+
+bool PaintByRows(const CKVGrayBitmap& gray, CKVFrameBuffer& layer, CKVFrameBuffer& picture,
+                 LONG mode) {
+    if (!kv::MakeLayerSurface(gray, layer)) {
+        return false;
+    }
+    PaintRows(gray, layer, [&](Pixels row, LONG y) {
+        switch (mode) {
+            case 0:
+                CentreRow(picture, layer.m_Height, y, row);
+                break;
+            case 1:
+                RepeatRow(RowOf(picture, y % picture.m_Height), row);
+                break;
+            default:
+                std::ranges::fill(row, 0U);
+                break;
+        }
+    });
+    return true;
+}
+
+}  // namespace
+
+bool kv::PaintTexture(const CKVGrayBitmap& gray, CKVFrameBuffer& fb,
+                      const tagTEXTUREINFO& texture) {
+    constexpr LONG kScaled = 2;
+    CKVFrameBuffer picture;
+    if (!LoadTexture(texture.File, picture)) {
+        return PaintColour(gray, fb, kBlack);
+    }
+    return texture.Mode == kScaled ? PaintScaled(gray, fb, picture)
+                                   : PaintByRows(gray, fb, picture, texture.Mode);
+}

@@ -1,9 +1,0 @@
-// The one call from the paints up to the image files: a texture is a picture read for itself.
-
-#include "effect/texture_picture.h"
-
-#include <CImgFile.h>
-
-bool kv::LoadTexture(const char* file, CKVFrameBuffer& picture) {
-    return CImgFile::LoadImg(file, &picture, nullptr) == 0;
-}

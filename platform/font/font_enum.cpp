@@ -1,0 +1,117 @@
+#include "platform/font/font_enum.h"
+
+#include <array>
+
+#include "platform/font/font_catalogue.h"
+#include "platform/font/font_instance.h"
+#include "platform/font/font_name.h"
+
+namespace kv::gdi {
+
+namespace {
+
+constexpr DWORD kTrueTypeFont = 4;
+constexpr LONG kBoldFrom = 600;
+// Style flags of the metrics record.
+constexpr DWORD kItalic = 1;
+constexpr DWORD kBold = 0x20;
+constexpr DWORD kRegular = 0x40;
+
+NEWTEXTMETRICA MetricsOf(const FaceRecord& face, const TEXTMETRICA& sized) {
+    NEWTEXTMETRICA metrics{};
+    metrics.tmHeight = sized.tmHeight;
+    metrics.tmAscent = sized.tmAscent;
+    metrics.tmDescent = sized.tmDescent;
+    metrics.tmInternalLeading = sized.tmInternalLeading;
+    metrics.tmExternalLeading = sized.tmExternalLeading;
+    metrics.tmAveCharWidth = sized.tmAveCharWidth;
+    metrics.tmMaxCharWidth = sized.tmMaxCharWidth;
+    metrics.tmWeight = sized.tmWeight;
+    metrics.tmDigitizedAspectX = sized.tmDigitizedAspectX;
+    metrics.tmDigitizedAspectY = sized.tmDigitizedAspectY;
+    metrics.tmFirstChar = sized.tmFirstChar;
+    metrics.tmLastChar = sized.tmLastChar;
+    metrics.tmDefaultChar = sized.tmDefaultChar;
+    metrics.tmBreakChar = sized.tmBreakChar;
+    metrics.tmItalic = sized.tmItalic;
+    metrics.tmPitchAndFamily = sized.tmPitchAndFamily;
+    metrics.tmCharSet = sized.tmCharSet;
+    metrics.ntmFlags = (face.italic ? kItalic : 0) | (face.weight >= kBoldFrom ? kBold : 0);
+    metrics.ntmFlags = metrics.ntmFlags != 0 ? metrics.ntmFlags : kRegular;
+    metrics.ntmSizeEM = static_cast<UINT>(face.metrics.unitsPerEm);
+    metrics.ntmCellHeight = static_cast<UINT>(face.metrics.ascent + face.metrics.descent);
+    metrics.ntmAvgWidth = static_cast<UINT>(face.metrics.averageWidth);
+    return metrics;
+}
+
+/// Hands fonts to a callback until it has enough.
+class Delivery {
+  public:
+    Delivery(FONTENUMPROCA callback, LPARAM parameter)
+        : m_Callback(callback), m_Parameter(parameter) {}
+
+    void Deliver(const std::string& faceName, const FaceRecord& face) {
+        if (m_Result == 0) {
+            return;
+        }
+        ENUMLOGFONTA font{};
+        LOGFONTA& description = font.elfLogFont;
+        description.lfWeight = face.weight;
+        description.lfItalic = face.italic ? 1 : 0;
+        description.lfCharSet = face.charSet;
+        FontInstance sized;
+        ApplySize(description, face, sized);
+        description.lfHeight = sized.metrics.tmHeight;
+        description.lfWidth = sized.metrics.tmAveCharWidth;
+        description.lfPitchAndFamily = face.fixedPitch ? kFixedPitch : kVariablePitch;
+        StoreName(faceName, description.lfFaceName);
+        StoreName(face.fullName.empty() ? faceName : face.fullName, font.elfFullName);
+        StoreName(face.style, font.elfStyle);
+        const NEWTEXTMETRICA metrics = MetricsOf(face, sized.metrics);
+        m_Result = m_Callback(&font, &metrics, kTrueTypeFont, m_Parameter);
+    }
+
+    int Result() const { return m_Result; }
+
+  private:
+    static constexpr BYTE kFixedPitch = 1;
+    static constexpr BYTE kVariablePitch = 2;
+
+    FONTENUMPROCA m_Callback;
+    LPARAM m_Parameter;
+    int m_Result = 1;
+};
+
+void DeliverEachFamily(const FontCatalogue& catalogue, Delivery& delivery) {
+    for (const FontFamily& family : catalogue.Families()) {
+        delivery.Deliver(family.name, family.faces.front());
+        if (family.CharSet() == SHIFTJIS_CHARSET) {
+            delivery.Deliver("@" + family.name, family.faces.front());
+        }
+    }
+}
+
+}  // namespace
+
+}  // namespace kv::gdi
+
+HDC GetDC(HWND /*window*/) {
+    return nullptr;
+}
+
+int ReleaseDC(HWND /*window*/, HDC /*dc*/) {
+    return 1;
+}
+
+int EnumFontFamiliesA(HDC /*dc*/, const char* family, FONTENUMPROCA callback, LPARAM parameter) {
+    const kv::gdi::FontCatalogue& catalogue = kv::gdi::FontCatalogue::Get();
+    kv::gdi::Delivery delivery(callback, parameter);
+    if (family == nullptr) {
+        kv::gdi::DeliverEachFamily(catalogue, delivery);
+    } else if (const auto found = catalogue.Find(family)) {
+        for (const kv::gdi::FaceRecord& face : found->family->faces) {
+            delivery.Deliver(found->faceName, face);
+        }
+    }
+    return delivery.Result();
+}
