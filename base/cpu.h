@@ -39,7 +39,7 @@ CpuLevel ActiveCpuLevel();
 void ForceCpuLevel(CpuLevel level);
 
 /// The kernel for the level in force.
-template <class Kernel>
+template <typename Kernel>
 Kernel* ForLevel(Kernel* plain, Kernel* avx2) {
     return ActiveCpuLevel() == CpuLevel::kAvx2 ? avx2 : plain;
 }

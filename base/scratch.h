@@ -7,7 +7,7 @@
 namespace kv {
 
 /// Zeroed memory for one call, null when there is none: nothing here throws.
-template <class T>
+template <typename T>
 std::unique_ptr<T[]> Scratch(std::size_t count) {
     return std::unique_ptr<T[]>(new (std::nothrow) T[count]());
 }

@@ -26,28 +26,28 @@ using Words16 = std::uint16_t __attribute__((vector_size(32)));
 using Shorts8 = std::int16_t __attribute__((vector_size(16)));
 using Shorts16 = std::int16_t __attribute__((vector_size(32)));
 
-template <class Vector>
+template <typename Vector>
 KV_FORCE_INLINE void Load(Vector& vector, const void* from) {
     std::memcpy(&vector, from, sizeof(Vector));
 }
 
-template <class Vector>
+template <typename Vector>
 KV_FORCE_INLINE void Store(void* to, const Vector& vector) {
     std::memcpy(to, &vector, sizeof(Vector));
 }
 
-template <class Vector>
+template <typename Vector>
 KV_FORCE_INLINE void KeepMax(Vector& kept, const Vector& other) {
     kept = kept > other ? kept : other;
 }
 
-template <class Vector>
+template <typename Vector>
 KV_FORCE_INLINE void KeepMin(Vector& kept, const Vector& other) {
     kept = kept < other ? kept : other;
 }
 
 /// True if any bit of the vector is set.
-template <class Vector>
+template <typename Vector>
 KV_FORCE_INLINE bool AnyBit(const Vector& vector) {
     using Quads = std::conditional_t<sizeof(Vector) == sizeof(Quads4), Quads4, Quads2>;
     const Quads quads = reinterpret_cast<Quads>(vector);
@@ -58,14 +58,14 @@ KV_FORCE_INLINE bool AnyBit(const Vector& vector) {
     return bits != 0;
 }
 
-template <class Vector>
+template <typename Vector>
 KV_FORCE_INLINE bool Equal(const Vector& a, const Vector& b) {
     const Vector difference = a ^ b;
     return !AnyBit(difference);
 }
 
 /// Pairs of a low and a high word, in order: the first half of them, then the second.
-template <class Words>
+template <typename Words>
 KV_FORCE_INLINE void Interleave(const Words& low, const Words& high, Words& first, Words& second) {
     if constexpr (sizeof(Words) == sizeof(Words16)) {
         first = __builtin_shufflevector(low, high, 0, 16, 1, 17, 2, 18, 3, 19, 4, 20, 5, 21, 6, 22,

@@ -133,7 +133,7 @@ void MemsetFrame(benchmark::State& state) {
 
 // Runs work(source, target) on a line of text with room for `growth` on the target, which is
 // cleared before each pass.
-template <class Work>
+template <typename Work>
 void OnTextLine(benchmark::State& state, int growth, const Work& work) {
     CKVGrayBitmap source, target;
     FillLikeText(source, 1000, 100);
@@ -163,7 +163,7 @@ void SoftEdge(benchmark::State& state) {
 
 // Every pixel writes its disc, but only where its neighbours have not: the cost follows the
 // outline.
-template <class Value>
+template <typename Value>
 void DiscsPlain(benchmark::State& state, const Value& value) {
     const int r = static_cast<int>(state.range(0));
     OnTextLine(state, 2 * r, [&](const CKVGrayBitmap& source, CKVGrayBitmap& target) {

@@ -1,10 +1,10 @@
+#include "CKVPictImage.h"
+
 #include <array>
 #include <initializer_list>
 #include <limits>
 #include <optional>
 #include <span>
-
-#include <CKVPictImage.h>
 
 #include "base/bytes.h"
 #include "codec/pict_format.h"

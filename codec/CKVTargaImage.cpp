@@ -1,9 +1,9 @@
+#include "CKVTargaImage.h"
+
 #include <algorithm>
 #include <array>
 #include <limits>
 #include <span>
-
-#include <CKVTargaImage.h>
 
 #include "base/bytes.h"
 #include "base/checked.h"

@@ -40,14 +40,14 @@ int OpenToSave(CFile& file, const char* name);
 int CloseSaved(CFile& file, int result);
 
 /// Opens the file and gives the codec's answer, or the cause code when it cannot be opened.
-template <class Load>
+template <typename Load>
 int LoadNamed(const char* name, const Load& load) {
     CFile file;
     const int cause = OpenToLoad(file, name);
     return cause != 0 ? cause : load(file);
 }
 
-template <class Save>
+template <typename Save>
 int SaveNamed(const char* name, const Save& save) {
     CFile file;
     const int cause = OpenToSave(file, name);

@@ -1,11 +1,11 @@
+#include "CDib.h"
+
 #include <algorithm>
 #include <cstdlib>
 #include <functional>
 #include <limits>
 #include <memory>
 #include <utility>
-
-#include <CDib.h>
 
 #include "base/narrow.h"
 #include "dib/layout.h"

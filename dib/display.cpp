@@ -10,7 +10,7 @@
 
 namespace {
 
-/// What is drawn: rows with their header and colours, and the palette that goes with them.
+// What is drawn: rows with their header and colours, and the palette that goes with them.
 struct Picture {
     std::span<const BYTE> pixels;
     std::span<const BYTE> info;

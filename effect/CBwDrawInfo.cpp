@@ -1,7 +1,8 @@
+#include "CBwDrawInfo.h"
+
 #include <cstring>
 #include <new>
 
-#include <CBwDrawInfo.h>
 #include <platform/string.h>
 
 namespace {

@@ -1,6 +1,7 @@
 // The class whole: each call checks what it is given and hands on to what does the work.
 
-#include <CKVBwDraw.h>
+#include "CKVBwDraw.h"
+
 #include <CKVMonoBitmap.h>
 
 #include "effect/coverage/brush.h"

@@ -1,4 +1,5 @@
-#include <CImgFile.h>
+#include "CImgFile.h"
+
 #include <platform/exception.h>
 
 namespace {

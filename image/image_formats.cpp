@@ -29,7 +29,7 @@ Format FormatOf(const char* path) {
     return Format::kUnknown;
 }
 
-template <class Codec>
+template <typename Codec>
 std::int64_t LoadBy(const char* name, CKVFrameBuffer* fb, LONG* keyFlag) {
     Codec codec;
     if (codec.LoadImg(name, fb) != 0) {
@@ -39,7 +39,7 @@ std::int64_t LoadBy(const char* name, CKVFrameBuffer* fb, LONG* keyFlag) {
     return 0;
 }
 
-template <class Codec>
+template <typename Codec>
 int SaveBy(const char* name, const CKVFrameBuffer* fb, LONG mode) {
     try {
         return Codec().SaveImage(name, fb, mode) == 0 ? 0 : -1;

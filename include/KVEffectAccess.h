@@ -9,7 +9,7 @@
 ///
 /// Holder derives from this class and gives `tagKVBWDRAWINFO& EffectRecord()` and its const form.
 /// The pointers of the group readers must not be null.
-template <class Holder>
+template <typename Holder>
 class KVEffectAccess {
   public:
     /// Snaps to 1, 4, 8 or 16, upwards (above 8 always 16).

@@ -10,7 +10,7 @@
 /// Holder derives from this class, has the three strings as members and gives
 /// `tagKVBWDRAWINFO& EffectRecord()` and its const form. It must call ConnectAll after any copy of
 /// the record, since the pointers come over with it.
-template <class Holder>
+template <typename Holder>
 class KVTextureAccess {
   public:
     /// Sets the texture of the body (0 centred, 1 tiled, 2 scaled) and selects it as paint.
@@ -100,7 +100,7 @@ class KVTextureAccess {
     tagKVBWDRAWINFO& Record() { return Self().EffectRecord(); }
     const tagKVBWDRAWINFO& Record() const { return Self().EffectRecord(); }
 
-    template <class String>
+    template <typename String>
     static void SetText(tagTEXTUREINFO& texture, String& name, LONG mode, const char* file) {
         texture.Mode = mode;
         name = file;

@@ -1,4 +1,4 @@
-#include <CKVDrawWApp.h>
+#include "CKVDrawWApp.h"
 
 namespace {
 

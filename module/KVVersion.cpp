@@ -1,6 +1,6 @@
 // The library's version, from the numbers that the build takes too.
 
-#include <KVVersion.h>
+#include "KVVersion.h"
 
 #define DIGITS_OF(number) #number
 #define DIGITS(number) DIGITS_OF(number)

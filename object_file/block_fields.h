@@ -12,7 +12,7 @@ namespace kv {
 
 class BlockReader {
   public:
-    explicit BlockReader(std::span<const std::uint8_t> block) : rest_(block) {}
+    explicit BlockReader(std::span<const std::uint8_t> block) : m_Rest(block) {}
 
     void Field(std::uint32_t& value) {
         value = 0;
@@ -30,18 +30,18 @@ class BlockReader {
 
   private:
     std::span<const std::uint8_t> Take(std::size_t count) {
-        const auto taken = rest_.first(count);
-        rest_ = rest_.subspan(count);
+        const auto taken = m_Rest.first(count);
+        m_Rest = m_Rest.subspan(count);
         return taken;
     }
 
-    std::span<const std::uint8_t> rest_;
+    std::span<const std::uint8_t> m_Rest;
 };
 
 /// Leaves what is skipped as it is.
 class BlockWriter {
   public:
-    explicit BlockWriter(std::span<std::uint8_t> block) : rest_(block) {}
+    explicit BlockWriter(std::span<std::uint8_t> block) : m_Rest(block) {}
 
     void Field(std::uint32_t value) {
         for (std::uint8_t& byte : Take(4)) {
@@ -55,12 +55,12 @@ class BlockWriter {
 
   private:
     std::span<std::uint8_t> Take(std::size_t count) {
-        const auto taken = rest_.first(count);
-        rest_ = rest_.subspan(count);
+        const auto taken = m_Rest.first(count);
+        m_Rest = m_Rest.subspan(count);
         return taken;
     }
 
-    std::span<std::uint8_t> rest_;
+    std::span<std::uint8_t> m_Rest;
 };
 
 }  // namespace kv

@@ -12,7 +12,7 @@ inline constexpr std::size_t kEffectBlockSize = 184;
 
 /// Visits the record's fields in stored order, with Fields one of BlockReader and BlockWriter. The
 /// texture names are left as they are.
-template <class Fields>
+template <typename Fields>
 void VisitEffect(Fields& fields, tagKVBWDRAWINFO& record) {
     for (LONG* field : {&record.AntiScale, &record.Pos_X, &record.Pos_Y, &record.EdgeType_Type,
                         &record.EdgeType_Size, &record.EdgeType_SoftPen, &record.ShadType_Type,

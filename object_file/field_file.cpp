@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::size_t kStringChunk = 65536;
 
-template <class Bits>
+template <typename Bits>
 std::array<BYTE, sizeof(Bits)> ToBytes(Bits bits) {
     std::array<BYTE, sizeof(Bits)> bytes{};
     for (BYTE& byte : bytes) {
@@ -22,7 +22,7 @@ std::array<BYTE, sizeof(Bits)> ToBytes(Bits bits) {
     return bytes;
 }
 
-template <class Bits>
+template <typename Bits>
 Bits FromBytes(const std::array<BYTE, sizeof(Bits)>& bytes) {
     Bits bits = 0;
     for (std::size_t i = bytes.size(); i-- > 0;) {
@@ -32,7 +32,7 @@ Bits FromBytes(const std::array<BYTE, sizeof(Bits)>& bytes) {
 }
 
 // Read over the bytes that the value has, so that a part leaves the rest as it was.
-template <class Bits, class Value>
+template <typename Bits, typename Value>
 bool ReadOver(FieldReader& reader, Value& value) {
     auto bytes = ToBytes(std::bit_cast<Bits>(value));
     const bool whole = reader.Block(bytes);
@@ -51,7 +51,7 @@ bool FieldReader::Double(double& value) {
 }
 
 std::size_t FieldReader::Some(std::span<BYTE> bytes) {
-    return std::min<std::size_t>(file_.Read(bytes.data(), static_cast<UINT>(bytes.size())),
+    return std::min<std::size_t>(m_File.Read(bytes.data(), static_cast<UINT>(bytes.size())),
                                  bytes.size());
 }
 
@@ -88,7 +88,7 @@ void FieldWriter::Double(double value) {
 
 void FieldWriter::Block(std::span<const BYTE> bytes) {
     if (!bytes.empty()) {
-        file_.Write(bytes.data(), static_cast<UINT>(bytes.size()));
+        m_File.Write(bytes.data(), static_cast<UINT>(bytes.size()));
     }
 }
 

@@ -17,7 +17,7 @@ namespace kv {
 /// or a block by then is in it. Exceptions of the file pass through.
 class FieldReader {
   public:
-    explicit FieldReader(CFile& file) : file_(file) {}
+    explicit FieldReader(CFile& file) : m_File(file) {}
 
     bool Int32(LONG& value);
     bool Double(double& value);
@@ -26,7 +26,7 @@ class FieldReader {
     std::size_t Some(std::span<BYTE> bytes);
     /// A block of Size bytes, read over the record whose fields visit(BlockReader or BlockWriter)
     /// names.
-    template <std::size_t Size, class Visit>
+    template <std::size_t Size, typename Visit>
     bool Record(Visit visit) {
         std::array<BYTE, Size> bytes{};
         BlockWriter before(bytes);
@@ -42,19 +42,19 @@ class FieldReader {
     bool String(CString& text);
 
   private:
-    CFile& file_;
+    CFile& m_File;
 };
 
 /// One write of the file for each field, for strings two. Exceptions of the file pass through.
 class FieldWriter {
   public:
-    explicit FieldWriter(CFile& file) : file_(file) {}
+    explicit FieldWriter(CFile& file) : m_File(file) {}
 
     void Int32(LONG value);
     void Double(double value);
     void Block(std::span<const BYTE> bytes);
     /// A block of Size bytes; what visit(BlockWriter) skips is zero.
-    template <std::size_t Size, class Visit>
+    template <std::size_t Size, typename Visit>
     void Record(Visit visit) {
         std::array<BYTE, Size> bytes{};
         BlockWriter writer(bytes);
@@ -64,12 +64,12 @@ class FieldWriter {
     void String(const CString& text);
 
   private:
-    CFile& file_;
+    CFile& m_File;
 };
 
 /// The result of an object file's operation: 1 when transfer gives true, 0 when there is no file,
 /// when transfer gives false, or when it throws.
-template <class Transfer>
+template <typename Transfer>
 int ObjectFileResult(CFile* file, Transfer transfer) {
     try {
         return file != nullptr && transfer(*file) ? 1 : 0;
@@ -79,7 +79,7 @@ int ObjectFileResult(CFile* file, Transfer transfer) {
 }
 
 /// Serialises an object by its Read and Write, whose results an archive has no place for.
-template <class Object>
+template <typename Object>
 void SerializeThroughFile(CArchive& archive, Object& object) {
     if (archive.IsLoading()) {
         object.Read(archive.GetFile());

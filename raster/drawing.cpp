@@ -10,7 +10,7 @@ namespace kv::gdi {
 
 namespace {
 
-/// An area under conversion, one row ahead.
+// An area under conversion, one row ahead.
 struct Cursor {
     ScanConverter converter;
     bool value = false;

@@ -13,13 +13,13 @@ constexpr std::int64_t kFarthest = std::int64_t{1} << 52;
 // Factors below this keep the setup of an edge within the 53 bits of a double.
 constexpr std::int64_t kSmall = std::int64_t{1} << 26;
 
-/// Moves the origin to the centre of pixel (0, 0): centres are then whole multiples of kSubpixels.
+// Moves the origin to the centre of pixel (0, 0): centres are then whole multiples of kSubpixels.
 FixedPoint FromCentre(const FixedPoint& point) {
     return {std::clamp(point.x, -kFarthest, kFarthest) - kSubpixels / 2,
             std::clamp(point.y, -kFarthest, kFarthest) - kSubpixels / 2};
 }
 
-/// The first pixel whose centre is at the position or beyond it.
+// The first pixel whose centre is at the position or beyond it.
 constexpr std::int64_t FirstCentre(std::int64_t position) {
     return (position + kSubpixels - 1) >> kSubpixelBits;
 }
@@ -29,9 +29,9 @@ struct Division {
     std::int64_t remainder;
 };
 
-/// Floor and remainder, for operands up to 2^53 in size. The double quotient is right to half a
-/// unit in its last place, so that cut to an integer it is the floor or one more; several times as
-/// quick as dividing integers.
+// Floor and remainder, for operands up to 2^53 in size. The double quotient is right to half a
+// unit in its last place, so that cut to an integer it is the floor or one more; several times as
+// quick as dividing integers.
 Division FloorDivide(std::int64_t dividend, std::int64_t divisor) {
     const auto quotient =
         static_cast<std::int64_t>(static_cast<double>(dividend) / static_cast<double>(divisor));
@@ -125,8 +125,8 @@ void EdgeList::AddSide(const FixedPoint& from, const FixedPoint& to, FillRule ru
     m_EndRow = std::max(m_EndRow, edge.endRow);
 }
 
-/// Puts an edge onto the row `drop` below its upper end at x. The crossing is at
-/// (x * height + drop * width) / (height * kSubpixels) columns; the pixel is its ceiling.
+// Puts an edge onto the row `drop` below its upper end at x. The crossing is at
+// (x * height + drop * width) / (height * kSubpixels) columns; the pixel is its ceiling.
 template <typename T>
 void EdgeList::Place(Edge& edge, std::int64_t x, std::int64_t width, std::int64_t drop) {
     const T height = edge.divisor / kSubpixels;
@@ -136,9 +136,9 @@ void EdgeList::Place(Edge& edge, std::int64_t x, std::int64_t width, std::int64_
     edge.deficit = rest;
 }
 
-/// Where two neighbouring sides run on in the same sense, the lower one takes the place of the
-/// upper one in the row, which is cheaper than entering anew. Any pair of which one begins where
-/// the other ends would do.
+// Where two neighbouring sides run on in the same sense, the lower one takes the place of the
+// upper one in the row, which is cheaper than entering anew. Any pair of which one begins where
+// the other ends would do.
 void EdgeList::Chain(std::size_t from, std::size_t to) {
     const bool down = m_Edges[from].down;
     const std::size_t upper = down ? from : to;

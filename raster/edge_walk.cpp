@@ -9,8 +9,8 @@ namespace kv::gdi {
 
 namespace {
 
-/// Sorts what is nearly sorted: by insertion until it has taken very many moves, as when thousands
-/// of edges enter together.
+// Sorts what is nearly sorted: by insertion until it has taken very many moves, as when thousands
+// of edges enter together.
 template <typename T>
 void Mend(T* items, std::size_t count) {
     constexpr std::size_t kMovesPerItem = 8;
@@ -37,7 +37,7 @@ void Mend(T* items, std::size_t count) {
 constexpr std::size_t kTogether = 4;
 using Numbers = std::int64_t __attribute__((vector_size(kTogether * sizeof(std::int64_t))));
 
-/// Takes four edges through all rows of a strip.
+// Takes four edges through all rows of a strip.
 KV_FORCE_INLINE void StepBody(Edge* const* edges, Crossing** rowEnds) {
     const Edge &a = *edges[0], &b = *edges[1], &c = *edges[2], &d = *edges[3];
     Numbers crossing{a.crossing, b.crossing, c.crossing, d.crossing};
@@ -146,7 +146,7 @@ void EdgeWalk::Walk() {
     m_Walkers.resize(kept);
 }
 
-/// The edges from a walker on that cross all rows of the strip and the one below it, four at most.
+// The edges from a walker on that cross all rows of the strip and the one below it, four at most.
 std::size_t EdgeWalk::FindThrough(std::size_t first, Edge** through) {
     const std::size_t most = std::min(kTogether, m_Walkers.size() - first);
     for (std::size_t i = 0; i < most; ++i) {
@@ -158,7 +158,7 @@ std::size_t EdgeWalk::FindThrough(std::size_t first, Edge** through) {
     return most;
 }
 
-/// Takes an edge and those that follow it through the strip. False if none of them leaves it.
+// Takes an edge and those that follow it through the strip. False if none of them leaves it.
 bool EdgeWalk::WalkOne(Walker& walker) {
     const std::int64_t stripEnd = m_FirstRow + kRows;
     std::int64_t row = std::max<std::int64_t>(m_Edges[walker.edge].firstRow, m_FirstRow);

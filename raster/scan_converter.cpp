@@ -7,9 +7,9 @@ namespace kv::gdi {
 
 namespace {
 
-/// What tells inside from outside, by kind of crossing, met from left to right and added up: the
-/// winding number, and the parity of the alternate rule as the highest bit, where nothing carries.
-/// Outside both is 0.
+// What tells inside from outside, by kind of crossing, met from left to right and added up: the
+// winding number, and the parity of the alternate rule as the highest bit, where nothing carries.
+// Outside both is 0.
 constexpr std::uint64_t kTurns[] = {~std::uint64_t{0}, std::uint64_t{1} << 63, 1};
 static_assert(kWindUp == 0 && kFlip == 1 && kWindDown == 2);
 
@@ -17,7 +17,7 @@ std::uint64_t TurnAt(Crossing crossing) {
     return kTurns[crossing & (kPlace - 1)];
 }
 
-/// Makes one of neighbours that touch and drops empty ones.
+// Makes one of neighbours that touch and drops empty ones.
 std::size_t Tidy(Run* runs, std::size_t count) {
     unsigned touching = 0;
     for (std::size_t i = 0; i + 1 < count; ++i) {
@@ -79,8 +79,8 @@ bool ScanConverter::Next(std::int32_t& row, std::span<const Run>& runs) {
     }
 }
 
-/// The runs of a row, in m_Runs. What lies right of the clip may be missing, and so the last
-/// crossing's partner.
+// The runs of a row, in m_Runs. What lies right of the clip may be missing, and so the last
+// crossing's partner.
 std::size_t ScanConverter::MakeRuns(std::span<const Crossing> crossings) {
     const Crossing* at = crossings.data();
     const Crossing* end = at + crossings.size();

@@ -33,7 +33,7 @@ double Distance(PathPoint a, PathPoint b) {
     return std::hypot(b.x - a.x, b.y - a.y);
 }
 
-/// A quarter turn to the left as seen, rows growing downwards.
+// A quarter turn to the left as seen, rows growing downwards.
 PathPoint Left(PathPoint direction) {
     return {direction.y, -direction.x};
 }
@@ -59,12 +59,12 @@ void Stroker::ArcTo(const EllipseArc& arc) {
     AddCurve(arc);
 }
 
-/// The band of the chords is within kPathFlatness of the band of the curve, but for its ends, which
-/// stand across the first and last chord. These are halved until they point along the curve: an
-/// outer corner strays by the radius times the angle between chord and curve, which is
-/// 4 * kPathFlatness / length for the full chord. Not covered: where a flat end is on a bend whose
-/// radius is from 1 to 1.5 pen radii, the inner corners of chords farther in pass the end by a
-/// pixel or two, close to the centre of the bend.
+// The band of the chords is within kPathFlatness of the band of the curve, but for its ends, which
+// stand across the first and last chord. These are halved until they point along the curve: an
+// outer corner strays by the radius times the angle between chord and curve, which is
+// 4 * kPathFlatness / length for the full chord. Not covered: where a flat end is on a bend whose
+// radius is from 1 to 1.5 pen radii, the inner corners of chords farther in pass the end by a
+// pixel or two, close to the centre of the bend.
 template <typename Curve>
 void Stroker::AddCurve(const Curve& curve) {
     const int count = CountChords(curve.Bend(), kPathFlatness);
@@ -144,7 +144,7 @@ void Stroker::Reset() {
     m_Current = m_Start;
 }
 
-/// The same figure drawn from its end to its start.
+// The same figure drawn from its end to its start.
 void Stroker::Reverse() {
     for (Segment& segment : m_Segments) {
         std::swap(segment.from, segment.to);
@@ -157,10 +157,10 @@ void Stroker::Reverse() {
     std::reverse(m_Segments.begin(), m_Segments.end());
 }
 
-/// The outline along the left of the figure. With the way back along the other side it is the sum
-/// of the rectangles over all segments and of the wedges that fill the gaps of their joins, all
-/// turning in the same sense, less what inner and outer edges have in common. So the winding number
-/// is nowhere 0 within the band, and 0 everywhere outside.
+// The outline along the left of the figure. With the way back along the other side it is the sum
+// of the rectangles over all segments and of the wedges that fill the gaps of their joins, all
+// turning in the same sense, less what inner and outer edges have in common. So the winding number
+// is nowhere 0 within the band, and 0 everywhere outside.
 void Stroker::Side(bool closed) {
     for (std::size_t i = 0; i < m_Segments.size(); ++i) {
         const Segment& segment = m_Segments[i];
@@ -203,7 +203,7 @@ void Stroker::Cap(const Segment& last) {
     }
 }
 
-/// The points between the ends of an arc that turns right from the left of a direction.
+// The points between the ends of an arc that turns right from the left of a direction.
 void Stroker::Arc(PathPoint centre, PathPoint direction, double angle) {
     const double step = 2.0 * std::acos(1.0 - std::min(1.0, kArcFlatness / m_Radius));
     const int count = ToCount(angle / step);

@@ -1,6 +1,6 @@
-#include <algorithm>
+#include "CDrawGraph.h"
 
-#include <CDrawGraph.h>
+#include <algorithm>
 
 namespace {
 

@@ -17,7 +17,7 @@ constexpr std::size_t kPointSize = 8;
 constexpr std::size_t kPointsAtOnce = 512;
 using Chunk = std::array<BYTE, kPointSize * kPointsAtOnce>;
 
-template <class Fields, class Point>
+template <typename Fields, typename Point>
 void VisitPoint(Fields& fields, Point& point) {
     fields.Field(point.x);
     fields.Field(point.y);

@@ -1,6 +1,6 @@
-#include <algorithm>
+#include "CBox.h"
 
-#include <CBox.h>
+#include <algorithm>
 
 #include "base/narrow.h"
 #include "surface/wrap.h"

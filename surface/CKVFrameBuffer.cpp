@@ -1,8 +1,8 @@
+#include "CKVFrameBuffer.h"
+
 #include <cstdlib>
 #include <cstring>
 #include <limits>
-
-#include <CKVFrameBuffer.h>
 
 #include "surface/holds.h"
 

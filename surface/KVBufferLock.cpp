@@ -1,7 +1,7 @@
+#include "KVBufferLock.h"
+
 #include <algorithm>
 #include <atomic>
-
-#include <KVBufferLock.h>
 
 // All state lives under one mutex; a request waits on one condition variable until its rule below
 // holds. Every change that can make a rule true wakes all waiters: groups are small, and a waiter

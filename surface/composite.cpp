@@ -17,14 +17,14 @@ class CopyHold {
   public:
     CopyHold(const CKVFrameBuffer& source, CKVFrameBuffer& target) {
         if (&source != &target) {
-            source_.emplace(source);
+            m_Source.emplace(source);
         }
-        target_.emplace(target);
+        m_Target.emplace(target);
     }
 
   private:
-    std::optional<kv::SharedHold> source_;
-    std::optional<kv::ExclusiveHold> target_;
+    std::optional<kv::SharedHold> m_Source;
+    std::optional<kv::ExclusiveHold> m_Target;
 };
 
 struct Rows {

@@ -64,37 +64,37 @@ struct Columns {
 // The sums of the two source rows used last.
 class SumCache {
   public:
-    /// memory holds eight doubles a column.
+    // memory holds eight doubles a column.
     SumCache(double* memory, const CKVFrameBuffer& source, const Columns& columns)
-        : source_(source), columns_(columns), sums_{memory, memory + columns.count * 4} {}
+        : m_Source(source), m_Columns(columns), m_Sums{memory, memory + columns.count * 4} {}
 
-    /// The sums of a source row; they stay until the row after the next is asked for.
+    // The sums of a source row; they stay until the row after the next is asked for.
     const double* Row(LONG row) {
         const auto slot = static_cast<std::size_t>(row % 2);
-        if (rows_[slot] != row) {
-            rows_[slot] = row;
-            SumTaps(sums_[slot], Pixels(row), columns_.taps, columns_.count);
+        if (m_Rows[slot] != row) {
+            m_Rows[slot] = row;
+            SumTaps(m_Sums[slot], Pixels(row), m_Columns.taps, m_Columns.count);
         }
-        return sums_[slot];
+        return m_Sums[slot];
     }
 
   private:
     // Taps read two pixels: a source of one column stands twice.
     const DWORD* Pixels(LONG row) {
         const DWORD* const pixels =
-            source_.GetBufferDWord() + static_cast<std::size_t>(row) * source_.GetWidth();
-        if (source_.GetWidth() > 1) {
+            m_Source.GetBufferDWord() + static_cast<std::size_t>(row) * m_Source.GetWidth();
+        if (m_Source.GetWidth() > 1) {
             return pixels;
         }
-        twice_.fill(*pixels);
-        return twice_.data();
+        m_Twice.fill(*pixels);
+        return m_Twice.data();
     }
 
-    const CKVFrameBuffer& source_;
-    const Columns& columns_;
-    std::array<LONG, 2> rows_{-1, -1};
-    std::array<double*, 2> sums_;
-    std::array<DWORD, 2> twice_{};
+    const CKVFrameBuffer& m_Source;
+    const Columns& m_Columns;
+    std::array<LONG, 2> m_Rows{-1, -1};
+    std::array<double*, 2> m_Sums;
+    std::array<DWORD, 2> m_Twice{};
 };
 
 // A row that has all the weight stands for both.

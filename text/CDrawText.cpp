@@ -1,8 +1,8 @@
+#include "CDrawText.h"
+
 #include <algorithm>
 #include <cstring>
 #include <iterator>
-
-#include <CDrawText.h>
 
 namespace {
 

@@ -1,10 +1,11 @@
 // The layouts as operations, and the two entry points that choose one and render its mask.
 
+#include "CKVFont.h"
+
 #include <iterator>
 #include <new>
 
 #include <CKVBwDraw.h>
-#include <CKVFont.h>
 #include <platform/exception.h>
 
 #include "text/horizontal_line.h"
@@ -21,7 +22,7 @@ using Percent = WidthStep::Percent;
 
 // Memory that runs out on the way leaves the mask empty: a layout reports nothing and throws
 // nothing.
-template <class Line>
+template <typename Line>
 int LayOut(HWND window, tagKVFONTINFO* info, const char* text, CKVMonoBitmap* mask, tagPOINT* pos,
            const WidthStep* fit = nullptr) {
     *pos = {info->Pos_X, info->Pos_Y};

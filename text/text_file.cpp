@@ -15,7 +15,7 @@ constexpr std::array<BYTE, 4> kMagic = {'D', 'T', 'O', '0'};
 constexpr std::size_t kRecordSize = 312;
 
 // In stored order. What is skipped are the gaps that alignment leaves in the record.
-template <class Fields>
+template <typename Fields>
 void VisitRecord(Fields& fields, tagKVFONTINFO& font) {
     fields.Field(font.AntiScale);
     fields.Field(font.AspectMode);

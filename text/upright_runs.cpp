@@ -46,14 +46,14 @@ void UprightRuns::MakeUprightFont() {
     }
 }
 
-/// Draws a run of double-byte characters. Its length along the line.
+// Draws a run of double-byte characters. Its length along the line.
 LONG UprightRuns::DrawTurned(const std::string& run, LONG top) {
     SelectFont(m_LineFont, m_Extra);
     TextOut(m_Thickness, top, run);
     return Extent(run).cx;
 }
 
-/// Draws a run of single-byte characters. The length of its cell.
+// Draws a run of single-byte characters. The length of its cell.
 LONG UprightRuns::DrawUpright(const std::string& run, LONG top) {
     SelectFont(m_LineFont, m_Extra);
     const tagSIZE cell = Extent(kLineCell);

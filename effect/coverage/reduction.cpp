@@ -113,7 +113,7 @@ struct Scale16 {
     }
 };
 
-template <class Scale>
+template <typename Scale>
 KV_FORCE_INLINE void ReduceBlocks(const BYTE* mask, std::size_t pitch, std::size_t bytes,
                                   BYTE* coverage) {
     std::size_t at = 0;
@@ -132,12 +132,12 @@ KV_FORCE_INLINE void ReduceBlocks(const BYTE* mask, std::size_t pitch, std::size
     }
 }
 
-template <class Scale>
+template <typename Scale>
 void ReducePlain(const BYTE* mask, std::size_t pitch, std::size_t bytes, BYTE* coverage) {
     ReduceBlocks<Scale>(mask, pitch, bytes, coverage);
 }
 
-template <class Scale>
+template <typename Scale>
 KV_TARGET_AVX2 void ReduceAvx2(const BYTE* mask, std::size_t pitch, std::size_t bytes,
                                BYTE* coverage) {
     ReduceBlocks<Scale>(mask, pitch, bytes, coverage);

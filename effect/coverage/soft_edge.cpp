@@ -15,7 +15,7 @@
 namespace {
 
 // The distance to the nearest source pixel, one row further on; source is that row's pixels.
-template <class Distance>
+template <typename Distance>
 KV_FORCE_INLINE void StepOntoBody(const BYTE* source, const Distance* before, Distance* distance,
                                   std::size_t width, Distance limit) {
     for (std::size_t x = 0; x < width; ++x) {
@@ -26,7 +26,7 @@ KV_FORCE_INLINE void StepOntoBody(const BYTE* source, const Distance* before, Di
 }
 
 // The lesser of two distances, the second taken from `away` rows further off.
-template <class Distance>
+template <typename Distance>
 KV_FORCE_INLINE void NearerBody(const Distance* above, const Distance* below, Distance away,
                                 Distance* nearer, std::size_t width) {
     for (std::size_t x = 0; x < width; ++x) {
@@ -35,32 +35,32 @@ KV_FORCE_INLINE void NearerBody(const Distance* above, const Distance* below, Di
     }
 }
 
-template <class Distance>
+template <typename Distance>
 void StepOntoPlain(const BYTE* source, const Distance* before, Distance* distance,
                    std::size_t width, Distance limit) {
     StepOntoBody(source, before, distance, width, limit);
 }
 
-template <class Distance>
+template <typename Distance>
 KV_TARGET_AVX2 void StepOntoAvx2(const BYTE* source, const Distance* before, Distance* distance,
                                  std::size_t width, Distance limit) {
     StepOntoBody(source, before, distance, width, limit);
 }
 
-template <class Distance>
+template <typename Distance>
 void NearerPlain(const Distance* above, const Distance* below, Distance away, Distance* nearer,
                  std::size_t width) {
     NearerBody(above, below, away, nearer, width);
 }
 
-template <class Distance>
+template <typename Distance>
 KV_TARGET_AVX2 void NearerAvx2(const Distance* above, const Distance* below, Distance away,
                                Distance* nearer, std::size_t width) {
     NearerBody(above, below, away, nearer, width);
 }
 
 // Radius at least 1; target has room.
-template <class Rows>
+template <typename Rows>
 bool AddBy(int size, const CKVGrayBitmap& source, CKVGrayBitmap& target) {
     using Distance = typename Rows::Distance;
     const auto width = static_cast<std::size_t>(source.Width);

@@ -30,10 +30,10 @@ class NearSoftRows {
     void Add(const Distance* vertical, BYTE* target);
 
   private:
-    int radius_ = 0;
-    std::size_t width_ = 0;
-    std::unique_ptr<BYTE[]> values_;           // by squared distance, 0 to radius * radius
-    std::unique_ptr<std::int16_t[]> squares_;  // of one row, padded by the radius's square
+    int m_Radius = 0;
+    std::size_t m_Width = 0;
+    std::unique_ptr<BYTE[]> m_Values;           // by squared distance, 0 to radius * radius
+    std::unique_ptr<std::int16_t[]> m_Squares;  // of one row, padded by the radius's square
 };
 
 /// For any radius: the lower envelope of the columns' parabolas, linear in the columns.
@@ -54,9 +54,9 @@ class FarSoftRows {
 
     std::size_t BuildEnvelope(const Distance* vertical);
 
-    int radius_ = 0;
-    std::size_t width_ = 0;
-    std::unique_ptr<Parabola[]> envelope_;
+    int m_Radius = 0;
+    std::size_t m_Width = 0;
+    std::unique_ptr<Parabola[]> m_Envelope;
 };
 
 }  // namespace kv

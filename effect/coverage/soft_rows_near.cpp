@@ -9,7 +9,7 @@ namespace kv {
 namespace {
 
 // Target columns at once: two vectors, as many as one has bytes.
-template <class Shorts>
+template <typename Shorts>
 constexpr std::size_t kBlock = sizeof(Shorts);
 constexpr std::size_t kLargestBlock = kBlock<Shorts16>;
 
@@ -20,7 +20,7 @@ constexpr std::size_t Pad(int radius) {
     return 2 * static_cast<std::size_t>(radius) + kStride;
 }
 
-template <class Shorts>
+template <typename Shorts>
 KV_FORCE_INLINE void KeepNearer(Shorts& nearest, const std::int16_t* squares, std::int16_t along) {
     Shorts square;
     Load(square, squares);
@@ -30,7 +30,7 @@ KV_FORCE_INLINE void KeepNearer(Shorts& nearest, const std::int16_t* squares, st
 
 // The least square over the columns, for the two vectors at centre. Columns further out than the
 // worst of them cannot help any more.
-template <class Shorts>
+template <typename Shorts>
 KV_FORCE_INLINE void Nearest(const std::int16_t* centre, int radius, Shorts& left, Shorts& right) {
     constexpr std::size_t kHalf = kBlock<Shorts> / 2;
     Load(left, centre);
@@ -63,7 +63,7 @@ struct Row {
     std::size_t end;
 };
 
-template <class Shorts>
+template <typename Shorts>
 KV_FORCE_INLINE void StoreValues(const Shorts& left, const Shorts& right, const Row& row,
                                  BYTE* target, std::size_t count) {
     const Shorts apart = left | right;
@@ -89,7 +89,7 @@ KV_FORCE_INLINE void StoreValues(const Shorts& left, const Shorts& right, const 
     }
 }
 
-template <class Shorts>
+template <typename Shorts>
 KV_FORCE_INLINE void AddBody(const Row& row, BYTE* target) {
     constexpr std::size_t kColumns = kBlock<Shorts>;
     std::size_t x = row.begin;
@@ -132,38 +132,38 @@ std::size_t LeadingFar(const BYTE* vertical, std::size_t width, int radius) {
 }  // namespace
 
 bool NearSoftRows::Prepare(int radius, std::size_t width) {
-    radius_ = radius;
-    width_ = width;
+    m_Radius = radius;
+    m_Width = width;
     const int outside = radius * radius;
     const std::size_t padded = width + 2 * Pad(radius) + kLargestBlock;
-    values_ = Scratch<BYTE>(static_cast<std::size_t>(outside) + 1);
-    squares_ = Scratch<std::int16_t>(padded);
-    if (values_ == nullptr || squares_ == nullptr) {
+    m_Values = Scratch<BYTE>(static_cast<std::size_t>(outside) + 1);
+    m_Squares = Scratch<std::int16_t>(padded);
+    if (m_Values == nullptr || m_Squares == nullptr) {
         return false;
     }
     for (int square = 0; square < outside; ++square) {
-        values_[static_cast<std::size_t>(square)] = SoftValue(square, radius);
+        m_Values[static_cast<std::size_t>(square)] = SoftValue(square, radius);
     }
-    std::fill_n(squares_.get(), padded, static_cast<std::int16_t>(outside));
+    std::fill_n(m_Squares.get(), padded, static_cast<std::int16_t>(outside));
     return true;
 }
 
 void NearSoftRows::Add(const Distance* vertical, BYTE* target) {
-    const std::size_t first = LeadingFar(vertical, width_, radius_);
-    if (first == width_) {
+    const std::size_t first = LeadingFar(vertical, m_Width, m_Radius);
+    if (first == m_Width) {
         return;
     }
-    std::size_t last = width_;
-    while (vertical[last - 1] == radius_) {
+    std::size_t last = m_Width;
+    while (vertical[last - 1] == m_Radius) {
         --last;
     }
-    std::int16_t* const squares = squares_.get() + Pad(radius_);
-    for (std::size_t x = 0; x < width_; ++x) {
+    std::int16_t* const squares = m_Squares.get() + Pad(m_Radius);
+    for (std::size_t x = 0; x < m_Width; ++x) {
         squares[x] = static_cast<std::int16_t>(vertical[x] * vertical[x]);
     }
-    const auto reach = static_cast<std::size_t>(radius_);
-    const Row row{squares - reach, values_.get(),
-                  radius_,         static_cast<std::int16_t>(radius_ * radius_),
+    const auto reach = static_cast<std::size_t>(m_Radius);
+    const Row row{squares - reach, m_Values.get(),
+                  m_Radius,        static_cast<std::int16_t>(m_Radius * m_Radius),
                   first,           last + 2 * reach};
     ForLevel(AddPlain, AddAvx2)(row, target);
 }

@@ -8,7 +8,7 @@ namespace {
 
 // key = key of the pixel * coverage / 255, by the quotient that the colour paint uses; the coverage
 // is spread to the upper words of the pixels, where the key is. Without coverage a pixel is 0.
-template <class Words>
+template <typename Words>
 KV_FORCE_INLINE void CoverPixels(const Words& levels, DWORD* pixels) {
     constexpr bool kWide = std::is_same_v<Words, kv::Words16>;
     using Ints = std::conditional_t<kWide, kv::Ints8, kv::Ints4>;
@@ -24,7 +24,7 @@ KV_FORCE_INLINE void CoverPixels(const Words& levels, DWORD* pixels) {
 }
 
 // Most blocks of a layer are wholly covered, which changes nothing, or not at all.
-template <class Words>
+template <typename Words>
 KV_FORCE_INLINE void CoverBlock(const BYTE* coverage, DWORD* pixels) {
     constexpr std::size_t kHalf = sizeof(Words) / sizeof(DWORD);
     std::uint64_t head;
@@ -49,7 +49,7 @@ KV_FORCE_INLINE void CoverBlock(const BYTE* coverage, DWORD* pixels) {
 }
 
 // Words is as wide as the level's registers, since comparisons and shuffles are in it.
-template <class Words>
+template <typename Words>
 KV_FORCE_INLINE void CoverBody(const BYTE* coverage, std::size_t count, DWORD* pixels) {
     constexpr std::size_t kBlock = sizeof(Words) / sizeof(WORD);
     std::size_t at = 0;

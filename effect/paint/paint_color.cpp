@@ -6,7 +6,7 @@ namespace {
 
 // key = colour key * coverage / 255. For x = product + 1 up to 255 * 255 + 1 the quotient is
 // x * 257 / 65536, in 16 bits (x + x / 256) / 256. Where the coverage is 0 the whole pixel is.
-template <class Words>
+template <typename Words>
 KV_FORCE_INLINE void PaintBlock(const BYTE* coverage, DWORD colour, DWORD* pixels) {
     BYTE bytes __attribute__((vector_size(sizeof(Words) / 2)));
     kv::Load(bytes, coverage);
@@ -24,7 +24,7 @@ KV_FORCE_INLINE void PaintBlock(const BYTE* coverage, DWORD colour, DWORD* pixel
 }
 
 // Words is as wide as the level's registers, since comparisons and shuffles are in it.
-template <class Words>
+template <typename Words>
 KV_FORCE_INLINE void PaintBody(const BYTE* coverage, std::size_t count, DWORD colour,
                                DWORD* pixels) {
     constexpr std::size_t kBlock = sizeof(Words) / sizeof(WORD);

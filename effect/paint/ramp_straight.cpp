@@ -68,7 +68,7 @@ class ColourLine {
         std::int64_t last = 0;
         const auto touch = [&](std::int64_t from, std::int64_t count) {
             if (count > 0) {
-                first_ = std::min(first_, from);
+                m_First = std::min(m_First, from);
                 last = std::max(last, from + count - 1);
             }
         };
@@ -78,23 +78,25 @@ class ColourLine {
             touch(row.middle, row.runEnd - row.runBegin > 0 ? 1 : 0);
             touch(row.right, ramp.width - row.runEnd);
         }
-        colours_ = Scratch<DWORD>(static_cast<std::size_t>(last - first_ + 1));
-        if (colours_ == nullptr) {
+        m_Colours = Scratch<DWORD>(static_cast<std::size_t>(last - m_First + 1));
+        if (m_Colours == nullptr) {
             return false;
         }
         const std::int64_t scale = ShapeOf(ramp.type) == RampShape::kSquare ? -2 : -1;
-        for (std::int64_t at = first_; at <= last; ++at) {
-            colours_[static_cast<std::size_t>(at - first_)] =
+        for (std::int64_t at = m_First; at <= last; ++at) {
+            m_Colours[static_cast<std::size_t>(at - m_First)] =
                 ramp.At(static_cast<double>(scale * std::abs(at)));
         }
         return true;
     }
 
-    const DWORD* From(std::int64_t position) const { return colours_.get() + (position - first_); }
+    const DWORD* From(std::int64_t position) const {
+        return m_Colours.get() + (position - m_First);
+    }
 
   private:
-    std::int64_t first_ = 0;
-    std::unique_ptr<DWORD[]> colours_;
+    std::int64_t m_First = 0;
+    std::unique_ptr<DWORD[]> m_Colours;
 };
 
 void PaintRow(const RowPieces& row, const ColourLine& line, LONG width, DWORD* pixels) {

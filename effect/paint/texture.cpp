@@ -48,7 +48,7 @@ void RepeatRow(ConstPixels tile, Pixels row) {
 }
 
 // Calls paintRow(row, y) for each row of the layer and applies the coverage to it.
-template <class PaintRow>
+template <typename PaintRow>
 void PaintRows(const CKVGrayBitmap& gray, CKVFrameBuffer& layer, const PaintRow& paintRow) {
     for (LONG y = 0; y < layer.m_Height; ++y) {
         const Pixels row = RowOf(layer, y);

@@ -7,7 +7,7 @@
 
 /// A growable list that owns its elements. Access outside the list throws CInvalidArgException.
 /// Pointers into it stay good until it grows or is emptied.
-template <class Type, class ArgumentType = const Type&>
+template <typename Type, typename ArgumentType = const Type&>
 class CArray {
   public:
     int GetSize() const { return static_cast<int>(m_Items.size()); }

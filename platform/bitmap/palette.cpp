@@ -1,8 +1,8 @@
+#include "platform/palette.h"
+
 #include <algorithm>
 #include <limits>
 #include <span>
-
-#include <platform/palette.h>
 
 bool CPalette::CreatePalette(LOGPALETTE palette) {
     constexpr WORD kVersion = 0x300;

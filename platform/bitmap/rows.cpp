@@ -31,14 +31,14 @@ DWORD WordAt(const BYTE* row, std::size_t pixel) {
 class ChannelReader {
   public:
     explicit ChannelReader(const Channel& channel)
-        : mask_(channel.mask),
-          shift_(channel.length > 8 ? channel.shift + channel.length - 8 : channel.shift) {
+        : m_Mask(channel.mask),
+          m_Shift(channel.length > 8 ? channel.shift + channel.length - 8 : channel.shift) {
         for (unsigned int value = 0; value < 256 && channel.length != 0; ++value) {
-            to8_[value] = Repeat(value, channel.length);
+            m_To8[value] = Repeat(value, channel.length);
         }
     }
 
-    DWORD Read(DWORD word) const { return to8_[(word & mask_) >> shift_ & 0xFF]; }
+    DWORD Read(DWORD word) const { return m_To8[(word & m_Mask) >> m_Shift & 0xFF]; }
 
   private:
     static BYTE Repeat(unsigned int value, unsigned int length) {
@@ -52,9 +52,9 @@ class ChannelReader {
         return static_cast<BYTE>(bits & 0xFF);
     }
 
-    DWORD mask_;
-    unsigned int shift_;
-    std::array<BYTE, 256> to8_{};
+    DWORD m_Mask;
+    unsigned int m_Shift;
+    std::array<BYTE, 256> m_To8{};
 };
 
 DWORD ChannelWord(const Channel& channel, DWORD value) {

@@ -8,10 +8,10 @@
 namespace kv::dib {
 
 void RunLengthReader::Run(std::span<BYTE> row, std::size_t count, BYTE value) {
-    const std::size_t begin = std::min(column_, row.size());
-    const std::size_t end = std::min(column_ + count, row.size());
-    column_ += count;
-    if (bits_ == 8) {
+    const std::size_t begin = std::min(m_Column, row.size());
+    const std::size_t end = std::min(m_Column + count, row.size());
+    m_Column += count;
+    if (m_Bits == 8) {
         std::fill(row.data() + begin, row.data() + end, value);
         return;
     }
@@ -22,35 +22,35 @@ void RunLengthReader::Run(std::span<BYTE> row, std::size_t count, BYTE value) {
 }
 
 void RunLengthReader::Literal(std::span<BYTE> row, std::size_t count) {
-    const std::size_t begin = std::min(column_, row.size());
-    column_ += count;
-    const std::size_t bytes = bits_ == 8 ? count : (count + 1) / 2;
-    const auto stored = data_.subspan(at_, std::min(bytes, data_.size() - at_));
-    const std::size_t there = std::min(count, stored.size() * 8 / bits_);
+    const std::size_t begin = std::min(m_Column, row.size());
+    m_Column += count;
+    const std::size_t bytes = m_Bits == 8 ? count : (count + 1) / 2;
+    const auto stored = m_Data.subspan(m_At, std::min(bytes, m_Data.size() - m_At));
+    const std::size_t there = std::min(count, stored.size() * 8 / m_Bits);
     const std::size_t end = begin + std::min(there, row.size() - begin);
-    if (bits_ == 8 && end > begin) {
+    if (m_Bits == 8 && end > begin) {
         std::memcpy(row.data() + begin, stored.data(), end - begin);
     }
-    for (std::size_t i = begin; bits_ != 8 && i < end; ++i) {
+    for (std::size_t i = begin; m_Bits != 8 && i < end; ++i) {
         const BYTE both = stored[(i - begin) / 2];
         row[i] = static_cast<BYTE>((i - begin) % 2 == 0 ? both >> 4 : both & 0x0F);
     }
-    at_ += std::min(bytes + bytes % 2, data_.size() - at_);
+    m_At += std::min(bytes + bytes % 2, m_Data.size() - m_At);
 }
 
 // False when the row is at its end.
 bool RunLengthReader::Escape(std::span<BYTE> row, BYTE code) {
     switch (code) {
         case 0:
-            column_ = 0;
+            m_Column = 0;
             return false;
         case 1:
-            ended_ = true;
+            m_Ended = true;
             return false;
         case 2:
-            column_ += Next();
-            rowsToSkip_ = Next();
-            return rowsToSkip_ == 0;
+            m_Column += Next();
+            m_RowsToSkip = Next();
+            return m_RowsToSkip == 0;
         default:
             Literal(row, code);
             return true;
@@ -60,12 +60,12 @@ bool RunLengthReader::Escape(std::span<BYTE> row, BYTE code) {
 void RunLengthReader::ReadRow(std::span<BYTE> row) {
     std::ranges::fill(row, BYTE{0});
     // A move of n rows leaves n - 1 empty ones behind the one where it stands.
-    if (rowsToSkip_ > 1) {
-        --rowsToSkip_;
+    if (m_RowsToSkip > 1) {
+        --m_RowsToSkip;
         return;
     }
-    rowsToSkip_ = 0;
-    while (!ended_ && at_ < data_.size()) {
+    m_RowsToSkip = 0;
+    while (!m_Ended && m_At < m_Data.size()) {
         const BYTE count = Next();
         const BYTE value = Next();
         if (count != 0) {

@@ -18,23 +18,23 @@ namespace kv::dib {
 /// the data do not reach are index 0.
 class RunLengthReader {
   public:
-    RunLengthReader(std::span<const BYTE> data, unsigned int bits) : data_(data), bits_(bits) {}
+    RunLengthReader(std::span<const BYTE> data, unsigned int bits) : m_Data(data), m_Bits(bits) {}
 
     /// The next row, a byte an index.
     void ReadRow(std::span<BYTE> row);
 
   private:
-    BYTE Next() { return at_ < data_.size() ? data_[at_++] : BYTE{0}; }
+    BYTE Next() { return m_At < m_Data.size() ? m_Data[m_At++] : BYTE{0}; }
     void Run(std::span<BYTE> row, std::size_t count, BYTE value);
     void Literal(std::span<BYTE> row, std::size_t count);
     bool Escape(std::span<BYTE> row, BYTE code);
 
-    std::span<const BYTE> data_;
-    unsigned int bits_;
-    std::size_t at_ = 0;
-    std::size_t column_ = 0;
-    unsigned int rowsToSkip_ = 0;
-    bool ended_ = false;
+    std::span<const BYTE> m_Data;
+    unsigned int m_Bits;
+    std::size_t m_At = 0;
+    std::size_t m_Column = 0;
+    unsigned int m_RowsToSkip = 0;
+    bool m_Ended = false;
 };
 
 /// True if the pixels of a picture are all there. Run-length ones may end early, but a picture of
@@ -44,16 +44,16 @@ bool AllThere(const Format& format, std::span<const BYTE> pixels);
 /// Encodes rows, given bottom first, a byte an index. What finds no room is counted, not written.
 class RunLengthWriter {
   public:
-    RunLengthWriter(unsigned int bits, std::span<BYTE> room) : bits_(bits), room_(room) {}
+    RunLengthWriter(unsigned int bits, std::span<BYTE> room) : m_Bits(bits), m_Room(room) {}
 
     void WriteRow(std::span<const BYTE> row, bool last);
-    std::uint64_t Size() const { return size_; }
+    std::uint64_t Size() const { return m_Size; }
 
   private:
-    unsigned int bits_;
-    std::span<BYTE> room_;
-    std::uint64_t size_ = 0;
-    std::vector<BYTE> encoded_;  // of one row
+    unsigned int m_Bits;
+    std::span<BYTE> m_Room;
+    std::uint64_t m_Size = 0;
+    std::vector<BYTE> m_Encoded;  // of one row
 };
 
 }  // namespace kv::dib

@@ -144,18 +144,18 @@ void EncodeRow(std::span<const BYTE> pixels, std::vector<BYTE>& out) {
 }  // namespace
 
 void RunLengthWriter::WriteRow(std::span<const BYTE> row, bool last) {
-    encoded_.clear();
-    if (bits_ == 8) {
-        EncodeRow<EightBits>(row, encoded_);
+    m_Encoded.clear();
+    if (m_Bits == 8) {
+        EncodeRow<EightBits>(row, m_Encoded);
     } else {
-        EncodeRow<FourBits>(row, encoded_);
+        EncodeRow<FourBits>(row, m_Encoded);
     }
-    encoded_.push_back(0);
-    encoded_.push_back(last ? 1 : 0);
-    const std::size_t room = room_.size() - std::min<std::uint64_t>(size_, room_.size());
-    const std::size_t written = std::min(room, encoded_.size());
-    std::copy_n(encoded_.data(), written, room_.data() + (room_.size() - room));
-    size_ += encoded_.size();
+    m_Encoded.push_back(0);
+    m_Encoded.push_back(last ? 1 : 0);
+    const std::size_t room = m_Room.size() - std::min<std::uint64_t>(m_Size, m_Room.size());
+    const std::size_t written = std::min(room, m_Encoded.size());
+    std::copy_n(m_Encoded.data(), written, m_Room.data() + (m_Room.size() - room));
+    m_Size += m_Encoded.size();
 }
 
 }  // namespace kv::dib

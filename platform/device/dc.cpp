@@ -1,7 +1,7 @@
+#include "platform/dc.h"
+
 #include <string_view>
 #include <utility>
-
-#include <platform/dc.h>
 
 #include "base/narrow.h"
 #include "platform/device/picture.h"

@@ -1,6 +1,6 @@
-#include <algorithm>
+#include "platform/pen.h"
 
-#include <platform/pen.h>
+#include <algorithm>
 
 bool CPen::CreatePen(DWORD style, LONG width, COLORREF colour) {
     constexpr DWORD kKnown = PS_GEOMETRIC | PS_ENDCAP_FLAT | PS_JOIN_MITER;

@@ -19,7 +19,7 @@ namespace {
 using gdi::BitSurface;
 using gdi::Drawing;
 
-/// Paints areas at once.
+// Paints areas at once.
 class BitPicture final : public Picture, private gdi::AreaSink {
   public:
     explicit BitPicture(std::shared_ptr<BitSurface> surface) : m_Surface(std::move(surface)) {}

@@ -19,7 +19,7 @@ PathPoint Centre(const tagPOINT& pixel) {
     return {pixel.x + 0.5, pixel.y + 0.5};
 }
 
-/// A box as its path runs, through the centres of the outermost pixels.
+// A box as its path runs, through the centres of the outermost pixels.
 struct PathBox {
     explicit PathBox(const ShapeBox& box)
         : left(std::min(box.left, box.right) + 0.5),
@@ -36,8 +36,8 @@ struct PathBox {
     double bottom;
 };
 
-/// The parameter of the ellipse point that lies in a direction: it is the direction's angle only on
-/// a circle.
+// The parameter of the ellipse point that lies in a direction: it is the direction's angle only on
+// a circle.
 double EllipseParameter(PathPoint direction, PathPoint radii) {
     return std::atan2(direction.y * radii.x, direction.x * radii.y);
 }
@@ -48,7 +48,7 @@ Pen Geometric(const CPen& pen) {
             (pen.m_Style & PS_JOIN_MASK) == PS_JOIN_MITER ? PenJoin::kMitre : PenJoin::kRound};
 }
 
-/// A line for a filled outline, which has no use for the direction of one without length.
+// A line for a filled outline, which has no use for the direction of one without length.
 void LineTo(PathBuilder& path, PathPoint to, PathPoint /*direction*/) {
     path.LineTo(to);
 }

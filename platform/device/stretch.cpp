@@ -82,33 +82,33 @@ Axis MapRows(const StretchBox& target, const StretchBox& source, LONG targetHeig
 class RowReader {
   public:
     RowReader(const Format& format, std::span<const BYTE> pixels)
-        : format_(format), pixels_(pixels), runs_(pixels, format.bits) {
-        indexed_ = format;
-        indexed_.bits = 8;
+        : m_Format(format), m_Pixels(pixels), m_Runs(pixels, format.bits) {
+        m_Indexed = format;
+        m_Indexed.bits = 8;
         if (format.IsRunLength()) {
-            indices_.resize(static_cast<std::size_t>(format.width));
+            m_Indices.resize(static_cast<std::size_t>(format.width));
         }
     }
 
     void Read(std::size_t row, std::size_t first, std::span<DWORD> colours) {
-        if (!format_.IsRunLength()) {
-            kv::dib::UnpackRow(format_, &pixels_[row * format_.stride], first, colours.size(),
+        if (!m_Format.IsRunLength()) {
+            kv::dib::UnpackRow(m_Format, &m_Pixels[row * m_Format.stride], first, colours.size(),
                                colours.data());
             return;
         }
-        for (; next_ <= row; ++next_) {
-            runs_.ReadRow(indices_);
+        for (; m_Next <= row; ++m_Next) {
+            m_Runs.ReadRow(m_Indices);
         }
-        kv::dib::UnpackRow(indexed_, indices_.data(), first, colours.size(), colours.data());
+        kv::dib::UnpackRow(m_Indexed, m_Indices.data(), first, colours.size(), colours.data());
     }
 
   private:
-    const Format& format_;
-    Format indexed_;
-    std::span<const BYTE> pixels_;
-    kv::dib::RunLengthReader runs_;
-    std::vector<BYTE> indices_;
-    std::size_t next_ = 0;
+    const Format& m_Format;
+    Format m_Indexed;
+    std::span<const BYTE> m_Pixels;
+    kv::dib::RunLengthReader m_Runs;
+    std::vector<BYTE> m_Indices;
+    std::size_t m_Next = 0;
 };
 
 void DrawRows(ColourBitmap& target, const Axis& columns, const Axis& rows, RowReader& reader) {

@@ -23,7 +23,7 @@ class LayOut {
   public:
     LayOut(const FontInstance& font, TextLine& line) : m_Font(font), m_Line(line) {}
 
-    /// Places a character at the end of the line. Its advance, before any spacing.
+    // Places a character at the end of the line. Its advance, before any spacing.
     LONG Place(unsigned int code) {
         PlacedGlyph placed{m_Line.length, 0, TextLine::kMissing, code > 255};
         FindGlyph(ToUnicode(code), placed);

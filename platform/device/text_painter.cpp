@@ -19,13 +19,13 @@ constexpr int kFullTurn = 3600;
 constexpr int kRightAngle = 900;
 constexpr int kDownwards = kFullTurn - kRightAngle;
 
-/// Tenths of a degree counter-clockwise, 0 to 3599.
+// Tenths of a degree counter-clockwise, 0 to 3599.
 int Angle(const FontInstance& font) {
     const int angle = font.description.lfEscapement % kFullTurn;
     return angle < 0 ? angle + kFullTurn : angle;
 }
 
-/// From u and v to the surface; right angles exactly.
+// From u and v to the surface; right angles exactly.
 Affine Turn(int angle, const TextTarget& target) {
     constexpr double kSines[4] = {0.0, 1.0, 0.0, -1.0};
     const int quarter = angle / kRightAngle;
@@ -40,7 +40,7 @@ Affine Turn(int angle, const TextTarget& target) {
             -sine,  cosine, static_cast<double>(target.y)};
 }
 
-/// The columns that contours reach into.
+// The columns that contours reach into.
 Run ColumnsOf(const Contours& contours) {
     if (contours.points.empty()) {
         return {0, 0};
@@ -113,7 +113,7 @@ const GlyphOutline& TextPainter::OutlineOf(const TextLine& line, const PlacedGly
     return line.faces[placed.face]->Outline(placed.glyph, m_Font.faces[placed.face].embolden);
 }
 
-/// From font units to u and v, counted from the glyph's start.
+// From font units to u and v, counted from the glyph's start.
 Affine TextPainter::GlyphToCell(const PlacedGlyph& placed, const GlyphOutline& outline) const {
     const double scale = m_Font.emPixels / outline.unitsPerEm;
     const double along = scale * m_Font.stretch;  // narrower or wider with the font

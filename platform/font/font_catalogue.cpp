@@ -64,7 +64,7 @@ void FontCatalogue::AddFamily(const FontFamily& family) {
     }
 }
 
-/// A name is known whole and as a record's field cuts it; what came first keeps it.
+// A name is known whole and as a record's field cuts it; what came first keeps it.
 void FontCatalogue::AddName(std::string_view name, const FontFamily& family, bool standIn) {
     const std::string plain = FoldName(name);
     m_Entries.try_emplace(plain, Entry{&family, false, standIn});

@@ -44,7 +44,7 @@ NEWTEXTMETRICA MetricsOf(const FaceRecord& face, const TEXTMETRICA& sized) {
     return metrics;
 }
 
-/// Hands fonts to a callback until it has enough.
+// Hands fonts to a callback until it has enough.
 class Delivery {
   public:
     Delivery(FONTENUMPROCA callback, LPARAM parameter)

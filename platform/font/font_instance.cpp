@@ -28,7 +28,7 @@ bool IsDrawable(LONG size) {
     return size >= -kGreatestSize && size <= kGreatestSize;
 }
 
-/// A name field need not end in a zero.
+// A name field need not end in a zero.
 std::string_view FaceName(const LOGFONTA& description) {
     const auto* const begin = std::begin(description.lfFaceName);
     const auto* const end = std::end(description.lfFaceName);
@@ -42,8 +42,8 @@ FaceUse UseOf(const FontFamily& family, const LOGFONTA& description) {
     return {&face, weight >= kBoldFrom && face.weight < kBoldFrom, italic && !face.italic};
 }
 
-/// Cell and em. A positive request is the cell's height and is met exactly, a negative one the
-/// em's.
+// Cell and em. A positive request is the cell's height and is met exactly, a negative one the
+// em's.
 void ApplyHeight(LONG request, const DesignMetrics& design, FontInstance& font) {
     TEXTMETRICA& metrics = font.metrics;
     const double cellUnits = design.ascent + design.descent;

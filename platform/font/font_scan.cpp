@@ -46,9 +46,9 @@ std::string FirstName(const FcPattern& pattern, const char* object) {
     return text != nullptr ? NameFromUtf8(text) : std::string();
 }
 
-/// A face's family names by language. A font of a large typographic family lists that one's name
-/// first; the last of a language is the name of the group of at most four styles, which counts
-/// here.
+// A face's family names by language. A font of a large typographic family lists that one's name
+// first; the last of a language is the name of the group of at most four styles, which counts
+// here.
 std::map<std::string, std::string> FamilyNames(const FcPattern& pattern) {
     std::map<std::string, std::string> names;
     for (int i = 0;; ++i) {
@@ -74,7 +74,7 @@ std::string PreferredName(const std::map<std::string, std::string>& names) {
     return names.begin()->second;
 }
 
-/// The heights are the cell's: by the fields made for clipping, not those for line spacing.
+// The heights are the cell's: by the fields made for clipping, not those for line spacing.
 void ReadHeights(const FT_FaceRec& face, const TT_OS2* os2, DesignMetrics& metrics) {
     const auto sound = [&metrics] {
         return metrics.ascent + metrics.descent > 0 &&
@@ -109,7 +109,7 @@ DesignMetrics ReadMetrics(const FT_FaceRec& face, const TT_OS2* os2, bool japane
     return metrics;
 }
 
-/// Fills in what the font file itself says; false for a file that does not open as an outline font.
+// Fills in what the font file itself says; false for a file that does not open as an outline font.
 bool ReadFace(FT_Library library, FaceRecord& record) {
     const FreeTypeFace opened = OpenFace(library, record.file, record.index);
     if (!opened || !FT_IS_SCALABLE(opened) || opened->units_per_EM == 0) {
@@ -125,8 +125,8 @@ bool ReadFace(FT_Library library, FaceRecord& record) {
     return true;
 }
 
-/// Weight and slant as the catalogue has them: the font's own tables do not know the named
-/// instances of a font with variation axes.
+// Weight and slant as the catalogue has them: the font's own tables do not know the named
+// instances of a font with variation axes.
 void ReadStyle(const FcPattern& pattern, FaceRecord& record) {
     double weight = FC_WEIGHT_REGULAR;
     FcPatternGetDouble(&pattern, FC_WEIGHT, 0, &weight);
@@ -165,8 +165,8 @@ void AddPattern(FT_Library library, const FcPattern& pattern, FamilyMap& familie
     family.faces.push_back(std::move(face));
 }
 
-/// Puts the face first that stands for the family, and drops second copies of a style, which come
-/// from links to a file.
+// Puts the face first that stands for the family, and drops second copies of a style, which come
+// from links to a file.
 void Arrange(FontFamily& family) {
     const auto place = [](const FaceRecord& face) {
         return std::tuple(face.italic, std::abs(face.weight - kNormalWeight), face.weight);

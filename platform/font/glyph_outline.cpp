@@ -15,7 +15,7 @@ constexpr FT_Pos kFineUnits = 64;
 constexpr double kBoldAcross = 1.0 / 26.0;
 constexpr double kBoldAlong = 1.0 / 52.0;
 
-/// Collects FreeType's walk along an outline.
+// Collects FreeType's walk along an outline.
 class OutlineReader {
   public:
     OutlineReader(GlyphOutline& outline, FT_Pos scale)
@@ -66,9 +66,9 @@ class OutlineReader {
     double m_Unit;
 };
 
-/// The em's upper edge: one for all glyphs, since each advances by a whole em. A font made for
-/// vertical lines states it as the upper of two heights that make up the em; in others the em
-/// stands in the middle of the line height.
+// The em's upper edge: one for all glyphs, since each advances by a whole em. A font made for
+// vertical lines states it as the upper of two heights that make up the em; in others the em
+// stands in the middle of the line height.
 double VerticalTop(FT_Face face) {
     const auto* const os2 = static_cast<const TT_OS2*>(FT_Get_Sfnt_Table(face, FT_SFNT_OS2));
     if (os2 != nullptr && os2->sTypoAscender - os2->sTypoDescender == face->units_per_EM) {

@@ -1,4 +1,4 @@
-#include <platform/exception.h>
+#include "platform/exception.h"
 
 // The destructors stand here so that the library holds the one type record of each class, which
 // catching across the library's border rests on.

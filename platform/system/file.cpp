@@ -1,3 +1,5 @@
+#include "platform/file.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <climits>
@@ -7,7 +9,6 @@
 #include <utility>
 
 #include <fcntl.h>
-#include <platform/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 

@@ -31,7 +31,7 @@ unsigned int Opposed(unsigned int claims) {
 constexpr off_t kFirstArea = off_t{1} << 62;
 constexpr off_t kAreaBytes = 1024;
 
-template <class Call>
+template <typename Call>
 bool ForEachArea(unsigned int claims, const Call& call) {
     for (int area = 0; area < 4; ++area) {
         if ((claims >> area & 1) != 0 && !call(kFirstArea + area * kAreaBytes)) {

@@ -1,3 +1,5 @@
+#include "platform/memory.h"
+
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
@@ -5,8 +7,6 @@
 #include <mutex>
 #include <new>
 #include <unordered_map>
-
-#include <platform/memory.h>
 
 namespace {
 

@@ -1,5 +1,6 @@
+#include "platform/module.h"
+
 #include <dlfcn.h>
-#include <platform/module.h>
 
 HMODULE AfxLoadLibrary(const char* name) {
     return dlopen(name, RTLD_NOW | RTLD_LOCAL);

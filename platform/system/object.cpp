@@ -1,8 +1,8 @@
+#include "platform/object.h"
+
 #include <cstring>
 #include <mutex>
 #include <new>
-
-#include <platform/object.h>
 
 namespace {
 

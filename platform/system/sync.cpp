@@ -1,7 +1,8 @@
+#include "platform/sync.h"
+
 #include <chrono>
 #include <thread>
 
-#include <platform/sync.h>
 #include <sched.h>
 
 namespace {

@@ -1,10 +1,11 @@
+#include "platform/string.h"
+
 #include <climits>
 #include <cstring>
 #include <new>
 #include <stdexcept>
 
 #include <platform/exception.h>
-#include <platform/string.h>
 
 namespace {
 

@@ -48,7 +48,7 @@ inline void FillRandom(CKVGrayBitmap& gray, LONG width, LONG height, int zeros,
 }
 
 /// Calls the function at the baseline and at the best level of this machine.
-template <class Function>
+template <typename Function>
 void AtEachLevel(const Function& function) {
     for (const kv::CpuLevel level : {kv::CpuLevel::kBaseline, kv::CpuLevel::kAvx2}) {
         kv::ForceCpuLevel(level);

@@ -48,7 +48,7 @@ TEST(Box, JoinsAndConverts) {
     EXPECT_EQ(Of(CBox(CPoint(1, 2), CPoint(3, 4))), (Quad{1, 2, 2, 2}));
 }
 
-template <class Bitmap>
+template <typename Bitmap>
 void ExpectLifecycle() {
     Bitmap bitmap;
     EXPECT_EQ(bitmap.Delete(), 3);

@@ -11,7 +11,7 @@
 namespace {
 
 // What was read is written and read again: nothing may be lost on the way.
-template <class Object>
+template <typename Object>
 void ReadTwice(const std::vector<BYTE>& bytes, Object& object) {
     MemoryFile file(bytes);
     object.Read(&file);

@@ -16,7 +16,7 @@ class Input {
 
     bool IsEmpty() const { return m_Left == 0; }
 
-    template <class Type>
+    template <typename Type>
     Type Take() {
         Type value{};
         const std::size_t count = std::min(m_Left, sizeof value);

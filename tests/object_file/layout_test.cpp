@@ -19,12 +19,12 @@ class Layout {
     explicit Layout(const char* magic) : bytes(magic, magic + 4) {}
 
     // Gives the field at this offset a value of its own, here and in the object.
-    template <class Integer>
+    template <typename Integer>
     void Number(std::size_t offset, Integer& field) {
         field = static_cast<Integer>(0x80A0B000 + offset);
         Put(offset, field);
     }
-    template <class Value>
+    template <typename Value>
     void Put(std::size_t offset, Value value) {
         bytes.resize(std::max(bytes.size(), offset + sizeof value));
         std::memcpy(&bytes[offset], &value, sizeof value);  // the test machine is little-endian
@@ -64,7 +64,7 @@ class Layout {
     Bytes bytes;
 };
 
-template <class Object>
+template <typename Object>
 void FillNames(Layout& layout, Object& object) {
     object.m_BodyFile = "body.tga";
     object.m_EdgeFile = "";
@@ -130,7 +130,7 @@ Layout FilledImage(CImgFile& image) {
 
 // What is written is the layout; what is read from the layout writes the same, so every field came
 // over. The reserved bytes of the layout are then no zeros, and the magic is another.
-template <class Object, class Fill>
+template <typename Object, typename Fill>
 void CheckLayout(Fill fill, const std::vector<std::size_t>& reserved) {
     Object object;
     const Bytes expected = fill(object).bytes;

@@ -22,7 +22,7 @@ using Bytes = std::vector<BYTE>;
 constexpr char kNoTexture[] = "no such texture.tga";
 
 // The three paints in turn on body, edge and shadow, and the shadow's forms.
-template <class Object>
+template <typename Object>
 void Paint(Object& object, int turn, const char* texture) {
     object.SetEdgeType(turn % 2, 3, 0);
     object.SetShadType(turn % 3, 5, 3, 1);
@@ -42,7 +42,7 @@ void Paint(Object& object, int turn, const char* texture) {
 }
 
 // Form by form all there is to store; a paint's turn follows after every kForms.
-template <class Object>
+template <typename Object>
 struct Sample;
 
 template <>
@@ -115,7 +115,7 @@ void SaveTexture(const std::string& path) {
 }
 
 // Whatever a read left behind, textures point at the object's own strings.
-template <class Object>
+template <typename Object>
 void ExpectConnected(Object& object) {
     EXPECT_STREQ(object.EffectRecord().BodyText.File, object.m_BodyFile);
     EXPECT_STREQ(object.EffectRecord().EdgeText.File, object.m_EdgeFile);
@@ -123,13 +123,13 @@ void ExpectConnected(Object& object) {
 }
 void ExpectConnected(CImgFile&) {}
 
-template <class Object>
+template <typename Object>
 void FollowTextures(Object& object) {
     object.EffectRecord().BodyMode = object.EffectRecord().ShadMode = 2;
 }
 void FollowTextures(CImgFile&) {}
 
-template <class Object>
+template <typename Object>
 class ObjectFile : public testing::Test {
   protected:
     static Bytes Stored() {

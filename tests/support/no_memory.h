@@ -8,7 +8,7 @@
 extern int g_AllocationsLeft;
 
 /// The call's result when that many allocations succeed and all others fail.
-template <class Call>
+template <typename Call>
 auto WithAllocations(int count, const Call& call) {
     const struct Guard {
         ~Guard() { g_AllocationsLeft = -1; }

@@ -68,7 +68,7 @@ TEST(HorizontalLine, EmptyTextAndUnknownScaleGiveNoMask) {
 }
 
 // What a call adds to the most memory that the process ever held, in MB.
-template <class Call>
+template <typename Call>
 LONG MemoryOf(const Call& call) {
     rusage before{}, after{};
     getrusage(RUSAGE_SELF, &before);
