@@ -7,8 +7,19 @@
 #include "types.h"
 
 namespace kv {
-class FileShare;
-}
+
+/// An open file's place among those of the process, in the object itself: opening takes no memory.
+struct FileShare {
+    std::uint64_t device = 0;
+    std::uint64_t inode = 0;
+    unsigned int claims = 0;  ///< what it does and what it forbids; 0 outside the table
+    int descriptor = -1;
+    int process = 0;
+    FileShare* previous = nullptr;
+    FileShare* next = nullptr;
+};
+
+}  // namespace kv
 
 /// A file of bytes, opened and closed by the object. Operations throw CFileException unless they
 /// say otherwise. An application may derive its own files, in memory for instance: all that the
@@ -74,5 +85,5 @@ class KVDRAW_API CFile {
 
   private:
     int m_Descriptor = -1;
-    kv::FileShare* m_Share = nullptr;  // owned; null while closed and for what is no regular file
+    kv::FileShare m_Share;
 };

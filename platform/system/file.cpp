@@ -4,8 +4,6 @@
 #include <cerrno>
 #include <climits>
 #include <cstring>
-#include <memory>
-#include <new>
 #include <utility>
 
 #include <fcntl.h>
@@ -118,14 +116,11 @@ unsigned int BarsOf(UINT flags) {
 }
 
 // Enters a regular file in the table of open files and only then empties it.
-int Share(int descriptor, const struct stat& status, UINT flags,
-          std::unique_ptr<kv::FileShare>& share) {
-    share.reset(new (std::nothrow) kv::FileShare);
-    if (share == nullptr) {
-        return ENOMEM;
-    }
-    if (!share->Enter(descriptor, {status.st_dev, status.st_ino},
-                      AccessOf(flags) | BarsOf(flags))) {
+int Share(int descriptor, const struct stat& status, UINT flags, kv::FileShare& share) {
+    share.device = status.st_dev;
+    share.inode = status.st_ino;
+    share.descriptor = descriptor;
+    if (!kv::EnterShare(share, AccessOf(flags) | BarsOf(flags))) {
         return EWOULDBLOCK;
     }
     const bool emptied = (flags & CFile::modeCreate) != 0 && (flags & CFile::modeNoTruncate) == 0;
@@ -136,7 +131,7 @@ int Share(int descriptor, const struct stat& status, UINT flags,
 }
 
 // Makes an opened descriptor ready for use. 0, or the error number.
-int Prepare(int descriptor, UINT flags, std::unique_ptr<kv::FileShare>& share) {
+int Prepare(int descriptor, UINT flags, kv::FileShare& share) {
     struct stat status {};
     if (fstat(descriptor, &status) != 0) {
         return errno;
@@ -176,7 +171,7 @@ bool Fail(CFileException* error, int cause, int systemError) {
 
 CFile::~CFile() {
     if (m_Descriptor != -1) {
-        delete m_Share;
+        kv::LeaveShare(m_Share);
         ::close(m_Descriptor);
     }
 }
@@ -194,14 +189,12 @@ bool CFile::Open(const char* name, UINT flags, CFileException* error) {
         const bool lost = problem == ENOENT && !ParentExists(name);
         return Fail(error, lost ? CFileException::badPath : CauseOf(problem), problem);
     }
-    std::unique_ptr<kv::FileShare> share;
-    if (const int problem = Prepare(opened, flags, share); problem != 0) {
-        share.reset();
+    if (const int problem = Prepare(opened, flags, m_Share); problem != 0) {
+        kv::LeaveShare(m_Share);
         ::close(opened);
         return Fail(error, CauseOf(problem), problem);
     }
     m_Descriptor = opened;
-    m_Share = share.release();
     return true;
 }
 
@@ -209,7 +202,7 @@ void CFile::Close() {
     if (m_Descriptor == -1) {
         return;
     }
-    delete std::exchange(m_Share, nullptr);
+    kv::LeaveShare(m_Share);
     const int closing = std::exchange(m_Descriptor, -1);
     // Whatever the result, the descriptor is gone; an interrupted close has still closed.
     if (::close(closing) != 0 && errno != EINTR) {

@@ -1,3 +1,5 @@
+// The table of the files that this process has open, and the locks that tell other processes.
+
 #include "platform/system/file_sharing.h"
 
 #include <cerrno>
@@ -94,43 +96,43 @@ bool Lock(int descriptor, unsigned int claims) {
 
 }  // namespace
 
-FileShare::~FileShare() {
-    if (m_Claims == 0) {
+void LeaveShare(FileShare& share) {
+    if (share.claims == 0) {
         return;
     }
     Table& table = TheTable();
     const std::lock_guard hold(table.mutex);
     // Left to the close they would last as long as a child between its fork and its exec, which has
     // copies of all descriptors. A child that closes its copy leaves them to the parent.
-    if (m_Process == getpid()) {
-        DropClaims(m_Descriptor);
+    if (share.process == getpid()) {
+        DropClaims(share.descriptor);
     }
-    (m_Previous != nullptr ? m_Previous->m_Next : table.first) = m_Next;
-    if (m_Next != nullptr) {
-        m_Next->m_Previous = m_Previous;
+    (share.previous != nullptr ? share.previous->next : table.first) = share.next;
+    if (share.next != nullptr) {
+        share.next->previous = share.previous;
     }
+    share = {};
 }
 
-bool FileShare::Enter(int descriptor, const FileIdentity& file, unsigned int claims) {
+bool EnterShare(FileShare& share, unsigned int claims) {
     Table& table = TheTable();
     const std::lock_guard hold(table.mutex);
-    for (const FileShare* other = table.first; other != nullptr; other = other->m_Next) {
-        if (other->m_File == file && (other->m_Claims & Opposed(claims)) != 0) {
+    for (const FileShare* other = table.first; other != nullptr; other = other->next) {
+        const bool same = other->device == share.device && other->inode == share.inode;
+        if (same && (other->claims & Opposed(claims)) != 0) {
             return false;
         }
     }
-    if (!Lock(descriptor, claims)) {
+    if (!Lock(share.descriptor, claims)) {
         return false;
     }
-    m_File = file;
-    m_Claims = claims;
-    m_Descriptor = descriptor;
-    m_Process = getpid();
-    m_Next = table.first;
-    if (m_Next != nullptr) {
-        m_Next->m_Previous = this;
+    share.claims = claims;
+    share.process = getpid();
+    share.next = table.first;
+    if (share.next != nullptr) {
+        share.next->previous = &share;
     }
-    table.first = this;
+    table.first = &share;
     return true;
 }
 
