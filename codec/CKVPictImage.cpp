@@ -1,3 +1,5 @@
+// PICT files: opened, checked, handed to the decoder, and written.
+
 #include "CKVPictImage.h"
 
 #include <array>
@@ -168,7 +170,7 @@ class Head {
 
     void Pixmap() {
         m_Writer.U16Be(kv::pict::kDirectBitsRect);
-        m_Writer.U32Be(0xFF);  // base address, for readers of old that want one
+        m_Writer.U32Be(0xFF);  // base address: older readers refuse 0
         m_Writer.U16Be(static_cast<WORD>(m_Width * 4 | kv::pict::kRowBytesFlag));
         Rect();
         m_Writer.U16Be(0);

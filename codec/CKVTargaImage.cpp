@@ -1,3 +1,5 @@
+// TGA files: opened, checked, handed to the decoder, and written.
+
 #include "CKVTargaImage.h"
 
 #include <algorithm>

@@ -1,3 +1,5 @@
+// From PICT pixel data to the rows of a frame buffer.
+
 #include <algorithm>
 #include <cstring>
 #include <map>

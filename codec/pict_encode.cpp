@@ -1,3 +1,5 @@
+// From the rows of a frame buffer to PICT pixel data.
+
 #include <algorithm>
 #include <array>
 #include <cstring>

@@ -1,3 +1,5 @@
+// Which packet a PICT row goes on with, decided for the whole row at once.
+
 #include "codec/pict_packets.h"
 
 #include "base/cpu.h"

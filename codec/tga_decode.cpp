@@ -1,3 +1,5 @@
+// From TGA pixel data to the rows of a frame buffer.
+
 #include <algorithm>
 #include <cstring>
 

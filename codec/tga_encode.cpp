@@ -1,3 +1,5 @@
+// From the rows of a frame buffer to TGA pixel data.
+
 #include <cstring>
 #include <limits>
 

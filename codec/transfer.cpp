@@ -1,3 +1,5 @@
+// What the codecs have in common: files opened, read to their end, written in chunks.
+
 #include "codec/transfer.h"
 
 #include <algorithm>

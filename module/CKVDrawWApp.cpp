@@ -1,3 +1,5 @@
+// The application object: finds the outside resize function and lets go of it.
+
 #include "CKVDrawWApp.h"
 
 namespace {

@@ -1,3 +1,5 @@
+// The fields of object files, one after another, little-endian.
+
 #include "object_file/field_file.h"
 
 #include <algorithm>

@@ -36,7 +36,7 @@ class FieldReader {
         visit(after);
         return whole;
     }
-    /// A length, then so many bytes. A string that ends early becomes empty; a length that no
+    /// A length in bytes, then the bytes. A string that ends early becomes empty; a length that no
     /// string can have throws CMemoryException. Memory follows what comes, not what the length
     /// says.
     bool String(CString& text);

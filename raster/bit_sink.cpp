@@ -1,3 +1,5 @@
+// Runs set or cleared in a one-bit surface.
+
 #include "raster/bit_sink.h"
 
 #include "base/narrow.h"

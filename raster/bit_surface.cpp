@@ -1,3 +1,5 @@
+// A one-bit surface: its store, and filling runs and rectangles of it.
+
 #include "raster/bit_surface.h"
 
 #include <algorithm>

@@ -1,3 +1,5 @@
+// A picture kept as the areas drawn onto it, and the coverage that they give.
+
 #include "raster/drawing.h"
 
 #include <utility>

@@ -1,3 +1,5 @@
+// From contours to edges: the exact crossing of each with the rows of pixel centres.
+
 #include "raster/edge_list.h"
 
 #include <algorithm>
@@ -90,7 +92,7 @@ void EdgeList::AddSide(const FixedPoint& from, const FixedPoint& to, FillRule ru
     const FixedPoint& lower = down ? to : from;
     const std::int64_t first = std::max<std::int64_t>(FirstCentre(upper.y), m_Clip.top);
     const std::int64_t end = std::min<std::int64_t>(FirstCentre(lower.y), m_Clip.bottom);
-    // What lies right of the clip has no say within it.
+    // What lies right of the clip changes nothing within it.
     if (first >= end || FirstCentre(std::min(from.x, to.x)) >= m_Clip.right) {
         return;
     }

@@ -1,3 +1,5 @@
+// Paths of lines and curves, flattened into contours of fixed-point corners.
+
 #include "raster/path.h"
 
 #include <algorithm>

@@ -1,3 +1,5 @@
+// The covered runs of a row, joined with and cut by others.
+
 #include "raster/run_set.h"
 
 #include <algorithm>

@@ -1,3 +1,5 @@
+// From the crossings of a row to its runs, by the winding or the alternate rule.
+
 #include "raster/scan_converter.h"
 
 #include <algorithm>

@@ -1,3 +1,5 @@
+// The outline of a pen's band along a path: sides, joins and ends.
+
 #include "raster/stroker.h"
 
 #include <algorithm>

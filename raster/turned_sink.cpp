@@ -1,3 +1,5 @@
+// Runs of rows that become runs of columns, for lines that run downwards.
+
 #include "raster/turned_sink.h"
 
 #include <algorithm>

@@ -1,3 +1,5 @@
+// Boxes: how they are set, joined and clipped.
+
 #include "CBox.h"
 
 #include <algorithm>

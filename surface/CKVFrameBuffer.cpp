@@ -1,3 +1,5 @@
+// The frame buffer's store: made, copied, given back.
+
 #include "CKVFrameBuffer.h"
 
 #include <cstdlib>

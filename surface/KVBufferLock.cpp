@@ -1,3 +1,5 @@
+// The lock of a frame buffer: who passes, who waits, who goes next.
+
 #include "KVBufferLock.h"
 
 #include <algorithm>

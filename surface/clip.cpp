@@ -1,3 +1,5 @@
+// What is left of a copy within its two surfaces.
+
 #include "surface/clip.h"
 
 #include <cstdint>

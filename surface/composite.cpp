@@ -1,3 +1,5 @@
+// Copies from surface to surface: plain, by key, through a coverage.
+
 #include <algorithm>
 #include <cstring>
 #include <optional>

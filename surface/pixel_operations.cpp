@@ -1,3 +1,5 @@
+// Operations on all pixels of a frame buffer: fills, tints, keys.
+
 #include <algorithm>
 #include <cstring>
 

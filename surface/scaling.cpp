@@ -1,3 +1,5 @@
+// A frame buffer scaled into another one, by size or by factors.
+
 #include <CKVFrameBuffer.h>
 
 #include "surface/holds.h"

@@ -14,7 +14,7 @@ inline constexpr UINT GMEM_MOVEABLE = 0x02;
 inline constexpr UINT GMEM_ZEROINIT = 0x40;
 inline constexpr UINT GHND = GMEM_MOVEABLE | GMEM_ZEROINIT;
 
-/// A new block of so many bytes, zeroed when flags hold GMEM_ZEROINIT. Every block is moveable,
+/// A new block of that many bytes, zeroed when flags hold GMEM_ZEROINIT. Every block is moveable,
 /// whatever flags say. Null when there is no memory. The caller frees it with GlobalFree.
 KVDRAW_API HGLOBAL GlobalAlloc(UINT flags, std::size_t size);
 

@@ -1,3 +1,5 @@
+// The exceptions that the layer throws.
+
 #include "platform/exception.h"
 
 // The destructors stand here so that the library holds the one type record of each class, which

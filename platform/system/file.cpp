@@ -1,3 +1,5 @@
+// Files of bytes: opened under a share mode, read, written.
+
 #include "platform/file.h"
 
 #include <algorithm>

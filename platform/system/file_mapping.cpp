@@ -1,3 +1,5 @@
+// Files mapped into memory.
+
 #include "platform/system/file_mapping.h"
 
 #include <cerrno>

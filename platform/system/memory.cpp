@@ -1,3 +1,5 @@
+// Global memory: handles that stay while their blocks move.
+
 #include "platform/memory.h"
 
 #include <cstdint>

@@ -1,3 +1,5 @@
+// Modules loaded at run time, and the application object.
+
 #include "platform/module.h"
 
 #include <dlfcn.h>

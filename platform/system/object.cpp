@@ -1,3 +1,5 @@
+// Classes by name: the list of records, and objects made by them.
+
 #include "platform/object.h"
 
 #include <cstring>

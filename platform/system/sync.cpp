@@ -1,3 +1,5 @@
+// Giving up the processor.
+
 #include "platform/sync.h"
 
 #include <chrono>
