@@ -20,7 +20,7 @@ std::uint64_t TurnAt(Crossing crossing) {
 }
 
 // Makes one of neighbours that touch and drops empty ones.
-std::size_t Tidy(Run* runs, std::size_t count) {
+std::size_t MergeTouching(Run* runs, std::size_t count) {
     unsigned touching = 0;
     for (std::size_t i = 0; i + 1 < count; ++i) {
         touching |= (runs[i].begin == runs[i].end) | (runs[i].end == runs[i + 1].begin);
@@ -112,7 +112,7 @@ std::size_t ScanConverter::MakeRuns(std::span<const Crossing> crossings) {
         open = opens;
     }
     put(m_Clip.right, open);
-    return Tidy(m_Runs.data(), static_cast<std::size_t>(bound - first) / sizeof(Run));
+    return MergeTouching(m_Runs.data(), static_cast<std::size_t>(bound - first) / sizeof(Run));
 }
 
 }  // namespace kv::gdi
