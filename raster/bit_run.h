@@ -1,6 +1,5 @@
 #pragma once
 
-#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -13,18 +12,9 @@ using BitWord = std::uint64_t;
 
 inline constexpr std::uint32_t kWordPixels = 64;
 
-/// Eight bytes as a word in reading order: its top bit is the leftmost pixel.
-inline BitWord LoadWord(const std::uint8_t* bytes) {
-    BitWord word = 0;
-    std::memcpy(&word, bytes, sizeof word);
-    return std::endian::native == std::endian::little ? __builtin_bswap64(word) : word;
-}
-
-/// Sets or clears the bits of a mask in reading order.
+/// Sets or clears the bits of a mask in reading order: its top bit is the leftmost pixel.
 inline void ApplyMask(std::uint8_t* bytes, BitWord mask, bool value) {
-    if constexpr (std::endian::native == std::endian::little) {
-        mask = __builtin_bswap64(mask);
-    }
+    mask = __builtin_bswap64(mask);
     BitWord word = 0;
     std::memcpy(&word, bytes, sizeof word);
     word = value ? word | mask : word & ~mask;

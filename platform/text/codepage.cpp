@@ -11,7 +11,7 @@
 namespace kv {
 namespace {
 
-constexpr const char* kUtf16 = std::endian::native == std::endian::little ? "UTF-16LE" : "UTF-16BE";
+constexpr const char* kUtf16 = "UTF-16LE";  // the order in memory, as on every supported processor
 
 // One direction of the system's converter, a character at a time.
 class Converter {
