@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "base/narrow.h"
+#include "base/scale.h"
 
 namespace kv::shape {
 namespace {
@@ -107,7 +108,7 @@ void EnlargedShape::ToMask(CKVMonoBitmap& mask) const {
 }
 
 int EnlargedShape::ToCoverage(CKVGrayBitmap& coverage) const {
-    if (m_Scale != SnapAntiScale(static_cast<LONG>(m_Scale))) {
+    if (!IsScale(m_Scale)) {
         return -1;
     }
     const std::int64_t columns = (m_Width + 15) / 16 * 16 / m_Scale;

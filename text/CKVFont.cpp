@@ -8,6 +8,7 @@
 #include <CKVBwDraw.h>
 #include <platform/exception.h>
 
+#include "base/scale.h"
 #include "text/horizontal_line.h"
 #include "text/upright_runs.h"
 #include "text/vertical_line.h"
@@ -27,7 +28,7 @@ int LayOut(HWND window, tagKVFONTINFO* info, const char* text, CKVMonoBitmap* ma
            const WidthStep* fit = nullptr) {
     *pos = {info->Pos_X, info->Pos_Y};
     mask->Delete();
-    if (!kv::text::IsKnownScale(info->AntiScale)) {
+    if (!kv::IsScale(info->AntiScale)) {
         return 0;
     }
     try {

@@ -21,10 +21,6 @@ int ByteCount(const std::string& text) {
 
 }  // namespace
 
-bool IsKnownScale(LONG scale) {
-    return scale == 1 || scale == 4 || scale == 8 || scale == 16;
-}
-
 LONG PercentOf(double length, double percent, double factor) {
     return TruncateToInt32((length * percent * factor + 50.0) / 100.0);
 }

@@ -18,9 +18,6 @@ inline constexpr double kWidened = 1.125;
 /// A length in percent, times a factor, rounded as all font sizes are.
 LONG PercentOf(double length, double percent, double factor);
 
-/// True for the enlargements that a layout knows; it divides by nothing else.
-bool IsKnownScale(LONG scale);
-
 /// One line of text on its way from a string to a mask. The base class is the frame that every
 /// layout runs on: fonts, blanks, length, place, drawing. A form overrides the steps in which it
 /// differs; a line with a width step is fitted to the record's area. Lengths are enlarged pixels,

@@ -2,6 +2,7 @@
 
 #include <platform/dc.h>
 
+#include "base/scale.h"
 #include "platform/bitmap/colour_bitmap.h"
 #include "platform/device/picture.h"
 
@@ -27,7 +28,7 @@ bool CBitmap::IsOneBit() const {
 }
 
 bool CBitmap::GetCoverage(LONG scale, LONG columns, BYTE* coverage, DWORD stride) const {
-    if (IsNull() || (scale != 1 && scale != 4 && scale != 8 && scale != 16)) {
+    if (IsNull() || !kv::IsScale(scale)) {
         return false;
     }
     try {
