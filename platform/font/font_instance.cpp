@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
-#include <limits>
 
+#include "base/narrow.h"
 #include "platform/font/font_catalogue.h"
 
 namespace kv::gdi {
@@ -76,9 +76,7 @@ void ApplyWidth(LONG request, const DesignMetrics& design, FontInstance& font) {
 }  // namespace
 
 std::int32_t RoundToPixel(double length) {
-    constexpr double kLowest = std::numeric_limits<std::int32_t>::min();
-    constexpr double kGreatest = std::numeric_limits<std::int32_t>::max();
-    return static_cast<std::int32_t>(std::clamp(std::floor(length + 0.5), kLowest, kGreatest));
+    return TruncateToInt32(std::floor(length + 0.5));
 }
 
 void ApplySize(const LOGFONTA& description, const FaceRecord& face, FontInstance& font) {
