@@ -1,3 +1,5 @@
+// The levels: what the processor has, and what tests and benchmarks force.
+
 #include "base/cpu.h"
 
 #include <atomic>

@@ -1,11 +1,14 @@
 #pragma once
 
-// Which instruction set the kernels may use. A kernel is a forced-inline body called by two thin
-// functions, one plain and one marked KV_TARGET_AVX2; a table of function pointers, filled once per
-// level, chooses between them. Both give the same bytes.
+// Which instructions the kernels use. A kernel X, the inner loop of something worth tuning, is
+//   XBody   the loop itself, marked KV_FORCE_INLINE,
+//   XPlain  a function that calls it, compiled for the processors' baseline,
+//   XAvx2   another, marked KV_TARGET_AVX2,
+// and ForLevel(XPlain, XAvx2) is the one to call. Both give the same bytes.
 //
-// KV_HAS_SSE2: the plain functions may name x86-64's baseline instructions.
-// KV_HAS_AVX2_PATH: those marked KV_TARGET_AVX2 may name AVX2's.
+// KV_HAS_SSE2: the baseline is x86-64's, whose instructions may be named.
+// KV_HAS_AVX2_PATH: AVX2's may be named in functions marked KV_TARGET_AVX2. Without it XAvx2 is
+// compiled all the same, like XPlain, and never chosen.
 // A build with KVDRAW_PORTABLE does without either, as on other processors.
 
 #if defined(__x86_64__) && !defined(KVDRAW_PORTABLE)
@@ -38,7 +41,7 @@ CpuLevel ActiveCpuLevel();
 /// Forces a level, for tests and benchmarks; a level above the detected one is cut to it.
 void ForceCpuLevel(CpuLevel level);
 
-/// The kernel for the level in force.
+/// The kernel for the level in force. A caller with many rows asks once, before its loop.
 template <typename Kernel>
 Kernel* ForLevel(Kernel* plain, Kernel* avx2) {
     return ActiveCpuLevel() == CpuLevel::kAvx2 ? avx2 : plain;

@@ -2,11 +2,7 @@
 
 #include "codec/pict_packets.h"
 
-#include "base/cpu.h"
-
-#if KV_HAS_SSE2
-#include <emmintrin.h>
-#endif
+#include "base/vector.h"
 
 namespace kv::pict {
 namespace {

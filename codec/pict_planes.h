@@ -1,50 +1,23 @@
 #pragma once
 
 #include <cstddef>
-#include <cstring>
 
 #include <platform/types.h>
+
+#include "base/vector.h"
 
 // Pixels to four planes of one channel each, and back; sixteen pixels at a time.
 namespace kv::pict {
 
-using Bytes16 = BYTE __attribute__((vector_size(16)));
-using Words8 = WORD __attribute__((vector_size(16)));
-
 constexpr std::size_t kBlock = sizeof(Bytes16);
 
-inline Bytes16 LoadBytes(const BYTE* from) {
-    Bytes16 bytes;
-    std::memcpy(&bytes, from, sizeof bytes);
-    return bytes;
-}
-
-template <typename V>
-void StoreBytes(BYTE* to, const V& bytes) {
-    std::memcpy(to, &bytes, sizeof bytes);
-}
-
-/// The lower or upper eight bytes of both, in turn.
-inline Words8 ZipLow(Bytes16 a, Bytes16 b) {
-    return reinterpret_cast<Words8>(
-        __builtin_shufflevector(a, b, 0, 16, 1, 17, 2, 18, 3, 19, 4, 20, 5, 21, 6, 22, 7, 23));
-}
-inline Words8 ZipHigh(Bytes16 a, Bytes16 b) {
-    return reinterpret_cast<Words8>(__builtin_shufflevector(a, b, 8, 24, 9, 25, 10, 26, 11, 27, 12,
-                                                            28, 13, 29, 14, 30, 15, 31));
-}
-
-inline void StoreZipped(BYTE* to, Words8 a, Words8 b) {
-    StoreBytes(to, __builtin_shufflevector(a, b, 0, 8, 1, 9, 2, 10, 3, 11));
-    StoreBytes(to + kBlock, __builtin_shufflevector(a, b, 4, 12, 5, 13, 6, 14, 7, 15));
-}
-
-/// Bytes of even or odd number of both.
-inline Bytes16 Evens(Bytes16 a, Bytes16 b) {
-    return __builtin_shufflevector(a, b, 0, 2, 4, 6, 8, 10, 12, 14, 16, 18, 20, 22, 24, 26, 28, 30);
-}
-inline Bytes16 Odds(Bytes16 a, Bytes16 b) {
-    return __builtin_shufflevector(a, b, 1, 3, 5, 7, 9, 11, 13, 15, 17, 19, 21, 23, 25, 27, 29, 31);
+/// Pairs of bytes, one of each vector in turn.
+KV_FORCE_INLINE void StorePairs(BYTE* to, const Bytes16& even, const Bytes16& odd) {
+    Words8 first;
+    Words8 second;
+    Interleave(reinterpret_cast<Words8>(even), reinterpret_cast<Words8>(odd), first, second);
+    Store(to, first);
+    Store(to + kBlock, second);
 }
 
 struct Planes {
@@ -58,12 +31,19 @@ inline void JoinPlanes(BYTE* dst, const Planes& planes, std::size_t width) {
     const Bytes16 solid = ~Bytes16{};
     std::size_t x = 0;
     for (; x + kBlock <= width; x += kBlock) {
-        const Bytes16 blue = LoadBytes(planes.blue + x);
-        const Bytes16 green = LoadBytes(planes.green + x);
-        const Bytes16 red = LoadBytes(planes.red + x);
-        const Bytes16 key = planes.key == nullptr ? solid : LoadBytes(planes.key + x);
-        StoreZipped(dst + x * 4, ZipLow(blue, green), ZipLow(red, key));
-        StoreZipped(dst + x * 4 + 2 * kBlock, ZipHigh(blue, green), ZipHigh(red, key));
+        Bytes16 blue, green, red;
+        Bytes16 key = solid;
+        Load(blue, planes.blue + x);
+        Load(green, planes.green + x);
+        Load(red, planes.red + x);
+        if (planes.key != nullptr) {
+            Load(key, planes.key + x);
+        }
+        Bytes16 blueGreenLow, blueGreenHigh, redKeyLow, redKeyHigh;
+        Interleave(blue, green, blueGreenLow, blueGreenHigh);
+        Interleave(red, key, redKeyLow, redKeyHigh);
+        StorePairs(dst + x * 4, blueGreenLow, redKeyLow);
+        StorePairs(dst + x * 4 + 2 * kBlock, blueGreenHigh, redKeyHigh);
     }
     for (; x < width; ++x) {
         dst[x * 4] = planes.blue[x];
@@ -81,18 +61,21 @@ inline void SplitIntoPlanes(BYTE* key, const BYTE* pixels, std::size_t width) {
     std::size_t x = 0;
     for (; x + kBlock <= width; x += kBlock) {
         const BYTE* const from = pixels + x * 4;
-        const Bytes16 first = LoadBytes(from);
-        const Bytes16 second = LoadBytes(from + kBlock);
-        const Bytes16 third = LoadBytes(from + 2 * kBlock);
-        const Bytes16 fourth = LoadBytes(from + 3 * kBlock);
-        const Bytes16 blueRedLow = Evens(first, second);
-        const Bytes16 blueRedHigh = Evens(third, fourth);
-        const Bytes16 greenKeyLow = Odds(first, second);
-        const Bytes16 greenKeyHigh = Odds(third, fourth);
-        StoreBytes(blue + x, Evens(blueRedLow, blueRedHigh));
-        StoreBytes(red + x, Odds(blueRedLow, blueRedHigh));
-        StoreBytes(green + x, Evens(greenKeyLow, greenKeyHigh));
-        StoreBytes(key + x, Odds(greenKeyLow, greenKeyHigh));
+        Bytes16 first, second, third, fourth;
+        Load(first, from);
+        Load(second, from + kBlock);
+        Load(third, from + 2 * kBlock);
+        Load(fourth, from + 3 * kBlock);
+        Bytes16 blueRedLow, blueRedHigh, greenKeyLow, greenKeyHigh;
+        Separate(first, second, blueRedLow, greenKeyLow);
+        Separate(third, fourth, blueRedHigh, greenKeyHigh);
+        Bytes16 blues, reds, greens, keys;
+        Separate(blueRedLow, blueRedHigh, blues, reds);
+        Separate(greenKeyLow, greenKeyHigh, greens, keys);
+        Store(blue + x, blues);
+        Store(red + x, reds);
+        Store(green + x, greens);
+        Store(key + x, keys);
     }
     for (; x < width; ++x) {
         blue[x] = pixels[x * 4];

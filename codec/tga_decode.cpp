@@ -14,7 +14,7 @@
 namespace {
 
 // A packet of four bytes, control byte and pixel, yields at most 128 pixels.
-constexpr std::uint64_t kMostPixelsPerByte = 32;
+constexpr std::uint64_t kMaxPixelsPerByte = 32;
 
 // The rows of a picture in file order, and the place of the next pixel.
 class Target {
@@ -146,7 +146,7 @@ int DecodeRunLength(const BYTE* src, DWORD size, BYTE* dst, DWORD width, DWORD h
 int CKVTargaImage::ImgConv_TgaToFb(const BYTE* src, DWORD size, const tagTGA_HEADER* hdr,
                                    CKVFrameBuffer* fb) {
     const std::uint64_t pixels = kv::SaturatedProduct({hdr->Width, hdr->Height});
-    if (!kv::tga::IsTrueColour(hdr->ImageType) || !kv::MayHold(size, pixels, kMostPixelsPerByte) ||
+    if (!kv::tga::IsTrueColour(hdr->ImageType) || !kv::MayHold(size, pixels, kMaxPixelsPerByte) ||
         fb->CreateFrameBuffer(hdr->Width, hdr->Height, 1) != 0) {
         return -1;
     }

@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr LONG kMostPixels = 127;
+constexpr LONG kMaxPixels = 127;
 
 // Four attribute bits, bottom row first.
 constexpr BYTE kDescriptor = 0x04;
@@ -34,7 +34,7 @@ struct Packet {
 Packet PacketAt(const DWORD* pixels, LONG remaining) {
     const bool isRun = pixels[0] == pixels[1];
     LONG i = 1;
-    while (i < remaining && i < kMostPixels) {
+    while (i < remaining && i < kMaxPixels) {
         if ((pixels[i] == pixels[i + 1]) != isRun) {
             return {isRun ? i + 1 : i, isRun};
         }

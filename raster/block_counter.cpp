@@ -1,3 +1,5 @@
+// Coverage counted from runs, without a mask.
+
 #include "raster/block_counter.h"
 
 #include <algorithm>

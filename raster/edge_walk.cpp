@@ -1,12 +1,12 @@
+// Edges followed down the rows, four at a time where they go on through a strip.
+
 #include "raster/edge_walk.h"
 
 #include <algorithm>
-#include <cstring>
 
-#include "base/cpu.h"
+#include "base/vector.h"
 
 namespace kv::gdi {
-
 namespace {
 
 // Sorts what is nearly sorted: by insertion until it has taken very many moves, as when thousands
@@ -34,8 +34,8 @@ void Mend(T* items, std::size_t count) {
     }
 }
 
-constexpr std::size_t kTogether = 4;
-using Numbers = std::int64_t __attribute__((vector_size(kTogether * sizeof(std::int64_t))));
+using Numbers = SignedQuads4;
+constexpr std::size_t kTogether = kLanes<Numbers>;
 
 // Takes four edges through all rows of a strip.
 KV_FORCE_INLINE void StepBody(Edge* const* edges, Crossing** rowEnds) {
@@ -46,7 +46,7 @@ KV_FORCE_INLINE void StepBody(Edge* const* edges, Crossing** rowEnds) {
     const Numbers deficitStep{a.deficitStep, b.deficitStep, c.deficitStep, d.deficitStep};
     const Numbers divisor{a.divisor, b.divisor, c.divisor, d.divisor};
     for (std::int32_t row = 0; row < EdgeWalk::kRows; ++row) {
-        std::memcpy(rowEnds[row], &crossing, sizeof crossing);
+        Store(rowEnds[row], crossing);
         rowEnds[row] += kTogether;
         const Numbers left = deficit - deficitStep;
         const Numbers borrow = left < 0;

@@ -1,19 +1,17 @@
+// Keys added to and dropped from rows of three-byte pixels.
+
 #include "surface/bgr_rows.h"
 
 #include <cstring>
 
-#include "base/cpu.h"
-
-#if KV_HAS_AVX2_PATH
-#include <immintrin.h>
-#endif
+#include "base/vector.h"
 
 namespace kv {
 namespace {
 
 // Four bytes at once, the fourth of which is replaced, by the key or by the next pixel; the last
 // pixel has no byte behind it.
-void PlainAddKeys(BYTE* dst, const BYTE* src, std::size_t pixels) {
+KV_FORCE_INLINE void AddKeysBody(BYTE* dst, const BYTE* src, std::size_t pixels) {
     for (std::size_t i = 0; i < pixels; ++i) {
         DWORD pixel = 0;
         std::memcpy(&pixel, src + i * 3, i + 1 < pixels ? 4 : 3);
@@ -22,18 +20,27 @@ void PlainAddKeys(BYTE* dst, const BYTE* src, std::size_t pixels) {
     }
 }
 
-void PlainDropKeys(BYTE* dst, const BYTE* src, std::size_t pixels) {
+KV_FORCE_INLINE void DropKeysBody(BYTE* dst, const BYTE* src, std::size_t pixels) {
     for (std::size_t i = 0; i < pixels; ++i) {
         std::memcpy(dst + i * 3, src + i * 4, i + 1 < pixels ? 4 : 3);
     }
 }
 
+void AddKeysPlain(BYTE* dst, const BYTE* src, std::size_t pixels) {
+    AddKeysBody(dst, src, pixels);
+}
+
+void DropKeysPlain(BYTE* dst, const BYTE* src, std::size_t pixels) {
+    DropKeysBody(dst, src, pixels);
+}
+
+// Shuffles of bytes, which the baseline has not: bodies of their own before the last few pixels.
 #if KV_HAS_AVX2_PATH
 constexpr std::size_t kAtOnce = 8;  // 24 bytes and 32
 
 // Each half of a register takes 16 bytes, of which 12 are used: the second half reads 4 bytes more
 // than the eight pixels have.
-KV_TARGET_AVX2 void Avx2AddKeys(BYTE* dst, const BYTE* src, std::size_t pixels) {
+KV_TARGET_AVX2 void AddKeysAvx2(BYTE* dst, const BYTE* src, std::size_t pixels) {
     const __m256i spread =
         _mm256_setr_epi8(0, 1, 2, -1, 3, 4, 5, -1, 6, 7, 8, -1, 9, 10, 11, -1,  //
                          0, 1, 2, -1, 3, 4, 5, -1, 6, 7, 8, -1, 9, 10, 11, -1);
@@ -48,11 +55,11 @@ KV_TARGET_AVX2 void Avx2AddKeys(BYTE* dst, const BYTE* src, std::size_t pixels) 
         dst += kAtOnce * 4;
         pixels -= kAtOnce;
     }
-    PlainAddKeys(dst, src, pixels);
+    AddKeysBody(dst, src, pixels);
 }
 
 // Writes 8 bytes more than the eight pixels have, which the next ones replace.
-KV_TARGET_AVX2 void Avx2DropKeys(BYTE* dst, const BYTE* src, std::size_t pixels) {
+KV_TARGET_AVX2 void DropKeysAvx2(BYTE* dst, const BYTE* src, std::size_t pixels) {
     const __m256i close =
         _mm256_setr_epi8(0, 1, 2, 4, 5, 6, 8, 9, 10, 12, 13, 14, -1, -1, -1, -1,  //
                          0, 1, 2, 4, 5, 6, 8, 9, 10, 12, 13, 14, -1, -1, -1, -1);
@@ -66,25 +73,21 @@ KV_TARGET_AVX2 void Avx2DropKeys(BYTE* dst, const BYTE* src, std::size_t pixels)
         dst += kAtOnce * 3;
         pixels -= kAtOnce;
     }
-    PlainDropKeys(dst, src, pixels);
+    DropKeysBody(dst, src, pixels);
 }
 #else
-constexpr auto Avx2AddKeys = PlainAddKeys;
-constexpr auto Avx2DropKeys = PlainDropKeys;
+constexpr auto* AddKeysAvx2 = AddKeysPlain;
+constexpr auto* DropKeysAvx2 = DropKeysPlain;
 #endif
-
-bool HasAvx2() {
-    return ActiveCpuLevel() == CpuLevel::kAvx2;
-}
 
 }  // namespace
 
 void AddKeys(BYTE* dst, const BYTE* src, std::size_t pixels) {
-    (HasAvx2() ? Avx2AddKeys : PlainAddKeys)(dst, src, pixels);
+    ForLevel(AddKeysPlain, AddKeysAvx2)(dst, src, pixels);
 }
 
 void DropKeys(BYTE* dst, const BYTE* src, std::size_t pixels) {
-    (HasAvx2() ? Avx2DropKeys : PlainDropKeys)(dst, src, pixels);
+    ForLevel(DropKeysPlain, DropKeysAvx2)(dst, src, pixels);
 }
 
 }  // namespace kv

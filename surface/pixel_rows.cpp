@@ -1,7 +1,9 @@
+// Blends of rows, by the key and through a coverage.
+
 #include "surface/pixel_rows.h"
 
 #include "surface/pixel_blend.h"
-#include "surface/pixel_vectors.h"
+#include "surface/pixel_lanes.h"
 
 // Both rows look at a few pixels at a time and take the cheapest road that gives what pixel_blend.h
 // gives for each of them: most pixels of a real layer are solid or empty, most targets are solid.
@@ -9,102 +11,95 @@
 namespace kv {
 namespace {
 
-template <typename V>
-KV_FORCE_INLINE void Load(V& vector, const void* from) {
-    std::memcpy(&vector, from, sizeof vector);
-}
-
-template <typename V>
-KV_FORCE_INLINE void Store(DWORD* to, const V& vector) {
-    std::memcpy(to, &vector, sizeof vector);
-}
-
 // The weighted sums of pixel pairs, up to 255 * 255: blue and red in 16 bits each, green in the low
 // half of the other word, the key in its high half.
 template <typename Lanes>
 struct Sums {
-    typename Lanes::U16 blueRed;
-    typename Lanes::U16 greenKey;
+    typename Lanes::Words blueRed;
+    typename Lanes::Words greenKey;
 };
 
 // The weights stand in both halves of each lane.
 template <typename Lanes>
-KV_FORCE_INLINE Sums<Lanes> Weigh(const Lanes& lanes, const typename Lanes::U32& dst,
-                                  const typename Lanes::U32& src,
-                                  const typename Lanes::U32& dstWeight,
-                                  const typename Lanes::U32& srcWeight) {
-    using U16 = typename Lanes::U16;
-    const auto dw = reinterpret_cast<U16>(dstWeight);
-    const auto sw = reinterpret_cast<U16>(srcWeight);
-    return {reinterpret_cast<U16>(dst & lanes.oddBytes) * dw +
-                reinterpret_cast<U16>(src & lanes.oddBytes) * sw,
-            (reinterpret_cast<U16>(dst) >> 8) * dw + (reinterpret_cast<U16>(src) >> 8) * sw};
+KV_FORCE_INLINE Sums<Lanes> Weigh(const Lanes& lanes, const typename Lanes::Dwords& dst,
+                                  const typename Lanes::Dwords& src,
+                                  const typename Lanes::Dwords& dstWeight,
+                                  const typename Lanes::Dwords& srcWeight) {
+    using Words = typename Lanes::Words;
+    const auto dw = reinterpret_cast<Words>(dstWeight);
+    const auto sw = reinterpret_cast<Words>(srcWeight);
+    return {reinterpret_cast<Words>(dst & lanes.oddBytes) * dw +
+                reinterpret_cast<Words>(src & lanes.oddBytes) * sw,
+            (reinterpret_cast<Words>(dst) >> 8) * dw + (reinterpret_cast<Words>(src) >> 8) * sw};
 }
 
 // Onto a solid target with weights that sum to 255. A source made solid keeps the sum's key solid.
 template <typename Lanes>
-KV_FORCE_INLINE typename Lanes::U32 MixOntoSolid(const Lanes& lanes, const typename Lanes::U32& dst,
-                                                 const typename Lanes::U32& src,
-                                                 const typename Lanes::U32& srcWeight) {
-    const typename Lanes::U32 weight = srcWeight | srcWeight << 16;
+KV_FORCE_INLINE typename Lanes::Dwords MixOntoSolid(const Lanes& lanes,
+                                                    const typename Lanes::Dwords& dst,
+                                                    const typename Lanes::Dwords& src,
+                                                    const typename Lanes::Dwords& srcWeight) {
+    const typename Lanes::Dwords weight = srcWeight | srcWeight << 16;
     Sums<Lanes> sums = Weigh(lanes, dst, src | lanes.key, weight ^ lanes.oddBytes, weight);
     lanes.DivideBy255(sums.blueRed);
     lanes.DivideBy255(sums.greenKey);
-    return reinterpret_cast<typename Lanes::U32>(sums.blueRed | sums.greenKey << 8);
+    return reinterpret_cast<typename Lanes::Dwords>(sums.blueRed | sums.greenKey << 8);
 }
 
 // floor(sum / total) for sum <= 255 * total: the reciprocal is a little too large, by more than
 // what rounding can take away and by less than 1 / (255 * 256), the least distance from below to an
 // integer, relative to it.
 template <typename Lanes>
-KV_FORCE_INLINE typename Lanes::U32 Quotient(const typename Lanes::U32& sum,
-                                             const typename Lanes::F32& reciprocal) {
-    using I32 = typename Lanes::I32;
-    using F32 = typename Lanes::F32;
-    const F32 value = __builtin_convertvector(reinterpret_cast<I32>(sum), F32) * reciprocal;
-    return reinterpret_cast<typename Lanes::U32>(__builtin_convertvector(value, I32));
+KV_FORCE_INLINE typename Lanes::Dwords Quotient(const typename Lanes::Dwords& sum,
+                                                const typename Lanes::Floats& reciprocal) {
+    using Ints = typename Lanes::Ints;
+    using Floats = typename Lanes::Floats;
+    const Floats value = __builtin_convertvector(reinterpret_cast<Ints>(sum), Floats) * reciprocal;
+    return reinterpret_cast<typename Lanes::Dwords>(__builtin_convertvector(value, Ints));
 }
 
 // Weights of any sum; where the sum is 0 the result is rest.
 template <typename Lanes>
-KV_FORCE_INLINE typename Lanes::U32 MixToSum(const Lanes& lanes, const typename Lanes::U32& dst,
-                                             const typename Lanes::U32& src,
-                                             const typename Lanes::U32& dstWeight,
-                                             const typename Lanes::U32& srcWeight,
-                                             const typename Lanes::U32& rest) {
-    using U32 = typename Lanes::U32;
-    using I32 = typename Lanes::I32;
-    using F32 = typename Lanes::F32;
+KV_FORCE_INLINE typename Lanes::Dwords MixToSum(const Lanes& lanes,
+                                                const typename Lanes::Dwords& dst,
+                                                const typename Lanes::Dwords& src,
+                                                const typename Lanes::Dwords& dstWeight,
+                                                const typename Lanes::Dwords& srcWeight,
+                                                const typename Lanes::Dwords& rest) {
+    using Dwords = typename Lanes::Dwords;
+    using Ints = typename Lanes::Ints;
+    using Floats = typename Lanes::Floats;
     constexpr float kSlightlyMoreThanOne = 1.0F + 1.0F / (1 << 18);
-    const U32 total = dstWeight + srcWeight;
-    const I32 nothing = total == 0;
-    const I32 divisor = reinterpret_cast<I32>(total) - nothing;
-    const F32 reciprocal = kSlightlyMoreThanOne / __builtin_convertvector(divisor, F32);
+    const Dwords total = dstWeight + srcWeight;
+    const Ints nothing = total == 0;
+    const Ints divisor = reinterpret_cast<Ints>(total) - nothing;
+    const Floats reciprocal = kSlightlyMoreThanOne / __builtin_convertvector(divisor, Floats);
     const Sums<Lanes> sums =
         Weigh(lanes, dst, src, dstWeight | dstWeight << 16, srcWeight | srcWeight << 16);
-    const auto blueRed = reinterpret_cast<U32>(sums.blueRed);
-    const U32 blue = Quotient<Lanes>(blueRed & lanes.lowHalf, reciprocal);
-    const U32 red = Quotient<Lanes>(blueRed >> 16, reciprocal);
-    const U32 green =
-        Quotient<Lanes>(reinterpret_cast<U32>(sums.greenKey) & lanes.lowHalf, reciprocal);
+    const auto blueRed = reinterpret_cast<Dwords>(sums.blueRed);
+    const Dwords blue = Quotient<Lanes>(blueRed & lanes.lowHalf, reciprocal);
+    const Dwords red = Quotient<Lanes>(blueRed >> 16, reciprocal);
+    const Dwords green =
+        Quotient<Lanes>(reinterpret_cast<Dwords>(sums.greenKey) & lanes.lowHalf, reciprocal);
     return nothing ? rest : (blue | green << 8) | (red << 16 | total << 24);
 }
 
 // floor(a * b / 255) of bytes in lanes of 32 bits.
 template <typename Lanes>
-KV_FORCE_INLINE typename Lanes::U32 ByteProduct(const Lanes& lanes, const typename Lanes::U32& a,
-                                                const typename Lanes::U32& b) {
-    using U16 = typename Lanes::U16;
-    U16 product = reinterpret_cast<U16>(a) * reinterpret_cast<U16>(b);
+KV_FORCE_INLINE typename Lanes::Dwords ByteProduct(const Lanes& lanes,
+                                                   const typename Lanes::Dwords& a,
+                                                   const typename Lanes::Dwords& b) {
+    using Words = typename Lanes::Words;
+    Words product = reinterpret_cast<Words>(a) * reinterpret_cast<Words>(b);
     lanes.DivideBy255(product);
-    return reinterpret_cast<typename Lanes::U32>(product);
+    return reinterpret_cast<typename Lanes::Dwords>(product);
 }
 
 template <typename Lanes>
 KV_FORCE_INLINE void BlendVectorByKey(const Lanes& lanes, DWORD* to, const DWORD* from) {
-    using U32 = typename Lanes::U32;
-    U32 src;
-    U32 dst;
+    using Dwords = typename Lanes::Dwords;
+    Dwords src;
+    Dwords dst;
     Load(src, from);
     if (lanes.Solid(src)) {
         Store(to, src);
@@ -115,8 +110,8 @@ KV_FORCE_INLINE void BlendVectorByKey(const Lanes& lanes, DWORD* to, const DWORD
         return;
     }
     Load(dst, to);
-    const U32 sa = src >> 24;
-    const U32 taken = src == 0 ? dst : src;  // by a transparent target
+    const Dwords sa = src >> 24;
+    const Dwords taken = src == 0 ? dst : src;  // by a transparent target
     if (lanes.Solid(dst)) {
         if (!transparent) {
             Store(to, MixOntoSolid(lanes, dst, src, sa));
@@ -124,8 +119,8 @@ KV_FORCE_INLINE void BlendVectorByKey(const Lanes& lanes, DWORD* to, const DWORD
     } else if (lanes.Transparent(dst)) {
         Store(to, taken);
     } else {
-        const U32 da = dst >> 24;
-        const U32 weight = da - ByteProduct(lanes, da, sa);
+        const Dwords da = dst >> 24;
+        const Dwords weight = da - ByteProduct(lanes, da, sa);
         Store(to, MixToSum(lanes, dst, src, weight, sa, taken));
     }
 }
@@ -133,9 +128,9 @@ KV_FORCE_INLINE void BlendVectorByKey(const Lanes& lanes, DWORD* to, const DWORD
 template <typename Lanes>
 KV_FORCE_INLINE void BlendVectorByMask(const Lanes& lanes, DWORD* to, const DWORD* from,
                                        const BYTE* mask) {
-    using U32 = typename Lanes::U32;
-    U32 src;
-    U32 dst;
+    using Dwords = typename Lanes::Dwords;
+    Dwords src;
+    Dwords dst;
     typename Lanes::CoverageWord coverage;
     Load(src, from);
     Load(coverage, mask);
@@ -151,23 +146,23 @@ KV_FORCE_INLINE void BlendVectorByMask(const Lanes& lanes, DWORD* to, const DWOR
     if (solid && coverage == 0) {
         return;
     }
-    U32 m;
+    Dwords m;
     lanes.Widen(m, mask);
-    const U32 sa = src >> 24;
-    const U32 taken = m == 0 ? dst : src;  // where both keys are 0
+    const Dwords sa = src >> 24;
+    const Dwords taken = m == 0 ? dst : src;  // where both keys are 0
     if (solid && lanes.Transparent(sa - m)) {
         Store(to, MixOntoSolid(lanes, dst, src, m));  // the source fills what the mask takes
     } else if (lanes.Transparent(dst)) {
         Store(to, sa == 0 ? taken : src);
     } else {
-        const U32 weight = ByteProduct(lanes, dst >> 24, 255 - m);
-        const U32 room = 255 - weight;
+        const Dwords weight = ByteProduct(lanes, dst >> 24, 255 - m);
+        const Dwords room = 255 - weight;
         Store(to, MixToSum(lanes, dst, src, weight, sa < room ? sa : room, taken));
     }
 }
 
 template <typename Lanes>
-KV_FORCE_INLINE void KeyRow(DWORD* dst, const DWORD* src, std::size_t count) {
+KV_FORCE_INLINE void BlendByKeyBody(DWORD* dst, const DWORD* src, std::size_t count) {
     const Lanes lanes;
     std::size_t i = 0;
     for (; count - i >= Lanes::kCount; i += Lanes::kCount) {
@@ -179,7 +174,8 @@ KV_FORCE_INLINE void KeyRow(DWORD* dst, const DWORD* src, std::size_t count) {
 }
 
 template <typename Lanes>
-KV_FORCE_INLINE void MaskRow(DWORD* dst, const DWORD* src, const BYTE* mask, std::size_t count) {
+KV_FORCE_INLINE void BlendByMaskBody(DWORD* dst, const DWORD* src, const BYTE* mask,
+                                     std::size_t count) {
     const Lanes lanes;
     std::size_t i = 0;
     for (; count - i >= Lanes::kCount; i += Lanes::kCount) {
@@ -190,47 +186,31 @@ KV_FORCE_INLINE void MaskRow(DWORD* dst, const DWORD* src, const BYTE* mask, std
     }
 }
 
-struct RowKernels {
-    void (*byKey)(DWORD*, const DWORD*, std::size_t);
-    void (*byMask)(DWORD*, const DWORD*, const BYTE*, std::size_t);
-};
-
-void PlainKeyRow(DWORD* dst, const DWORD* src, std::size_t count) {
-    KeyRow<PlainLanes>(dst, src, count);
+void BlendByKeyPlain(DWORD* dst, const DWORD* src, std::size_t count) {
+    BlendByKeyBody<PlainLanes>(dst, src, count);
 }
 
-void PlainMaskRow(DWORD* dst, const DWORD* src, const BYTE* mask, std::size_t count) {
-    MaskRow<PlainLanes>(dst, src, mask, count);
+KV_TARGET_AVX2 void BlendByKeyAvx2(DWORD* dst, const DWORD* src, std::size_t count) {
+    BlendByKeyBody<Avx2Lanes>(dst, src, count);
 }
 
-constexpr RowKernels kPlainKernels{PlainKeyRow, PlainMaskRow};
-
-#if KV_HAS_AVX2_PATH
-KV_TARGET_AVX2 void Avx2KeyRow(DWORD* dst, const DWORD* src, std::size_t count) {
-    KeyRow<Avx2Lanes>(dst, src, count);
+void BlendByMaskPlain(DWORD* dst, const DWORD* src, const BYTE* mask, std::size_t count) {
+    BlendByMaskBody<PlainLanes>(dst, src, mask, count);
 }
 
-KV_TARGET_AVX2 void Avx2MaskRow(DWORD* dst, const DWORD* src, const BYTE* mask, std::size_t count) {
-    MaskRow<Avx2Lanes>(dst, src, mask, count);
-}
-
-constexpr RowKernels kAvx2Kernels{Avx2KeyRow, Avx2MaskRow};
-#else
-constexpr RowKernels kAvx2Kernels = kPlainKernels;
-#endif
-
-const RowKernels& Kernels() {
-    return ActiveCpuLevel() == CpuLevel::kAvx2 ? kAvx2Kernels : kPlainKernels;
+KV_TARGET_AVX2 void BlendByMaskAvx2(DWORD* dst, const DWORD* src, const BYTE* mask,
+                                    std::size_t count) {
+    BlendByMaskBody<Avx2Lanes>(dst, src, mask, count);
 }
 
 }  // namespace
 
 void BlendRowByKey(DWORD* dst, const DWORD* src, std::size_t count) {
-    Kernels().byKey(dst, src, count);
+    ForLevel(BlendByKeyPlain, BlendByKeyAvx2)(dst, src, count);
 }
 
 void BlendRowByMask(DWORD* dst, const DWORD* src, const BYTE* mask, std::size_t count) {
-    Kernels().byMask(dst, src, mask, count);
+    ForLevel(BlendByMaskPlain, BlendByMaskAvx2)(dst, src, mask, count);
 }
 
 }  // namespace kv

@@ -1,3 +1,5 @@
+// Resampling between the two nearest source pixels along each axis.
+
 #include "surface/resample.h"
 
 #include <algorithm>

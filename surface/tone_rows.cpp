@@ -1,8 +1,10 @@
+// Tints and keys made from the luminance of a row.
+
 #include "surface/tone_rows.h"
 
 #include <algorithm>
 
-#include "surface/pixel_vectors.h"
+#include "surface/pixel_lanes.h"
 
 namespace kv {
 namespace {
@@ -10,42 +12,43 @@ namespace {
 // In floats, with the weights over 65536: every product and sum is a multiple of 2^-16 below 256,
 // 24 bits at most, and so exact.
 template <typename Lanes>
-KV_FORCE_INLINE typename Lanes::I32 Luminance(const typename Lanes::U32& pixels) {
-    using I32 = typename Lanes::I32;
-    using F32 = typename Lanes::F32;
-    const F32 blue = __builtin_convertvector(reinterpret_cast<I32>(pixels & 0xFF), F32);
-    const F32 green = __builtin_convertvector(reinterpret_cast<I32>(pixels >> 8 & 0xFF), F32);
-    const F32 red = __builtin_convertvector(reinterpret_cast<I32>(pixels >> 16 & 0xFF), F32);
-    const F32 sum =
+KV_FORCE_INLINE typename Lanes::Ints Luminance(const typename Lanes::Dwords& pixels) {
+    using Ints = typename Lanes::Ints;
+    using Floats = typename Lanes::Floats;
+    const Floats blue = __builtin_convertvector(reinterpret_cast<Ints>(pixels & 0xFF), Floats);
+    const Floats green =
+        __builtin_convertvector(reinterpret_cast<Ints>(pixels >> 8 & 0xFF), Floats);
+    const Floats red = __builtin_convertvector(reinterpret_cast<Ints>(pixels >> 16 & 0xFF), Floats);
+    const Floats sum =
         red * (19661.0F / 65536) + green * (38666.0F / 65536) + (blue * (7209.0F / 65536) + 0.5F);
-    return __builtin_convertvector(sum, I32);
+    return __builtin_convertvector(sum, Ints);
 }
 
 template <typename Lanes>
 struct Tint {
-    using U32 = typename Lanes::U32;
-    using U16 = typename Lanes::U16;
+    using Dwords = typename Lanes::Dwords;
+    using Words = typename Lanes::Words;
 
     KV_FORCE_INLINE explicit Tint(DWORD color)
-        : blueRed(U32{} + (color & 0xFF00FF)), green(U32{} + (color >> 8 & 0xFF)) {}
+        : blueRed(Dwords{} + (color & 0xFF00FF)), green(Dwords{} + (color >> 8 & 0xFF)) {}
 
-    KV_FORCE_INLINE void Apply(U32& pixels) const {
-        const auto y = reinterpret_cast<U32>(Luminance<Lanes>(pixels));
-        U16 br = reinterpret_cast<U16>(y | y << 16) * reinterpret_cast<U16>(blueRed);
-        U16 g = reinterpret_cast<U16>(y) * reinterpret_cast<U16>(green);
+    KV_FORCE_INLINE void Apply(Dwords& pixels) const {
+        const auto y = reinterpret_cast<Dwords>(Luminance<Lanes>(pixels));
+        Words br = reinterpret_cast<Words>(y | y << 16) * reinterpret_cast<Words>(blueRed);
+        Words g = reinterpret_cast<Words>(y) * reinterpret_cast<Words>(green);
         lanes.DivideBy255(br);
         lanes.DivideBy255(g);
-        pixels = (pixels & lanes.key) | reinterpret_cast<U32>(br | g << 8);
+        pixels = (pixels & lanes.key) | reinterpret_cast<Dwords>(br | g << 8);
     }
 
     Lanes lanes;
-    U32 blueRed;
-    U32 green;
+    Dwords blueRed;
+    Dwords green;
 };
 
 template <typename Lanes>
 struct NoKey {
-    KV_FORCE_INLINE void Apply(typename Lanes::U32& pixels) const { pixels &= ~lanes.key; }
+    KV_FORCE_INLINE void Apply(typename Lanes::Dwords& pixels) const { pixels &= ~lanes.key; }
 
     Lanes lanes;
 };
@@ -55,37 +58,37 @@ struct NoKey {
 // reaches stands for all larger ones.
 template <typename Lanes>
 struct LuminanceKey {
-    using U32 = typename Lanes::U32;
-    using I32 = typename Lanes::I32;
-    using F32 = typename Lanes::F32;
-    static constexpr DWORD kLargestNumerator = 255 * 255;
+    using Dwords = typename Lanes::Dwords;
+    using Ints = typename Lanes::Ints;
+    using Floats = typename Lanes::Floats;
+    static constexpr DWORD kMaxNumerator = 255 * 255;
 
     KV_FORCE_INLINE LuminanceKey(DWORD lowest, DWORD ramp)
-        : low(I32{} + static_cast<LONG>(std::min<DWORD>(lowest, 255))),
-          range(I32{} + static_cast<LONG>(std::min(ramp, kLargestNumerator))),
-          reciprocal(1.0F / __builtin_convertvector(range + 1, F32)) {}
+        : low(Ints{} + static_cast<LONG>(std::min<DWORD>(lowest, 255))),
+          range(Ints{} + static_cast<LONG>(std::min(ramp, kMaxNumerator))),
+          reciprocal(1.0F / __builtin_convertvector(range + 1, Floats)) {}
 
-    KV_FORCE_INLINE void Apply(U32& pixels) const {
-        const I32 above = Luminance<Lanes>(pixels) - low;
-        const F32 numerator = __builtin_convertvector(above, F32) * 255.0F + 0.5F;
-        const I32 quotient = __builtin_convertvector(numerator * reciprocal, I32);
-        const I32 key = (quotient | (above > range)) & (above > 0);
-        pixels = (pixels & ~lanes.key) | reinterpret_cast<U32>(key) << 24;
+    KV_FORCE_INLINE void Apply(Dwords& pixels) const {
+        const Ints above = Luminance<Lanes>(pixels) - low;
+        const Floats numerator = __builtin_convertvector(above, Floats) * 255.0F + 0.5F;
+        const Ints quotient = __builtin_convertvector(numerator * reciprocal, Ints);
+        const Ints key = (quotient | (above > range)) & (above > 0);
+        pixels = (pixels & ~lanes.key) | reinterpret_cast<Dwords>(key) << 24;
     }
 
     Lanes lanes;
-    I32 low;
-    I32 range;
-    F32 reciprocal;
+    Ints low;
+    Ints range;
+    Floats reciprocal;
 };
 
 template <typename Lanes, typename Tone>
-KV_FORCE_INLINE void ToneRow(DWORD* pixels, std::size_t count, const Tone& tone) {
-    typename Lanes::U32 vector{};
+KV_FORCE_INLINE void ToneBody(DWORD* pixels, std::size_t count, const Tone& tone) {
+    typename Lanes::Dwords vector{};
     for (; count >= Lanes::kCount; count -= Lanes::kCount, pixels += Lanes::kCount) {
-        std::memcpy(&vector, pixels, sizeof vector);
+        Load(vector, pixels);
         tone.Apply(vector);
-        std::memcpy(pixels, &vector, sizeof vector);
+        Store(pixels, vector);
     }
     if (count > 0) {
         std::memcpy(&vector, pixels, count * sizeof(DWORD));
@@ -94,60 +97,42 @@ KV_FORCE_INLINE void ToneRow(DWORD* pixels, std::size_t count, const Tone& tone)
     }
 }
 
-struct ToneKernels {
-    void (*tint)(DWORD*, std::size_t, DWORD);
-    void (*luminanceKey)(DWORD*, std::size_t, DWORD, DWORD);
-    void (*clearKey)(DWORD*, std::size_t);
-};
-
-void PlainTint(DWORD* pixels, std::size_t count, DWORD color) {
-    ToneRow<PlainLanes>(pixels, count, Tint<PlainLanes>(color));
+void TintPlain(DWORD* pixels, std::size_t count, DWORD color) {
+    ToneBody<PlainLanes>(pixels, count, Tint<PlainLanes>(color));
 }
 
-void PlainLuminanceKey(DWORD* pixels, std::size_t count, DWORD low, DWORD range) {
-    ToneRow<PlainLanes>(pixels, count, LuminanceKey<PlainLanes>(low, range));
+KV_TARGET_AVX2 void TintAvx2(DWORD* pixels, std::size_t count, DWORD color) {
+    ToneBody<Avx2Lanes>(pixels, count, Tint<Avx2Lanes>(color));
 }
 
-void PlainClearKey(DWORD* pixels, std::size_t count) {
-    ToneRow<PlainLanes>(pixels, count, NoKey<PlainLanes>());
+void LuminanceKeyPlain(DWORD* pixels, std::size_t count, DWORD low, DWORD range) {
+    ToneBody<PlainLanes>(pixels, count, LuminanceKey<PlainLanes>(low, range));
 }
 
-constexpr ToneKernels kPlainKernels{PlainTint, PlainLuminanceKey, PlainClearKey};
-
-#if KV_HAS_AVX2_PATH
-KV_TARGET_AVX2 void Avx2Tint(DWORD* pixels, std::size_t count, DWORD color) {
-    ToneRow<Avx2Lanes>(pixels, count, Tint<Avx2Lanes>(color));
+KV_TARGET_AVX2 void LuminanceKeyAvx2(DWORD* pixels, std::size_t count, DWORD low, DWORD range) {
+    ToneBody<Avx2Lanes>(pixels, count, LuminanceKey<Avx2Lanes>(low, range));
 }
 
-KV_TARGET_AVX2 void Avx2LuminanceKey(DWORD* pixels, std::size_t count, DWORD low, DWORD range) {
-    ToneRow<Avx2Lanes>(pixels, count, LuminanceKey<Avx2Lanes>(low, range));
+void ClearKeyPlain(DWORD* pixels, std::size_t count) {
+    ToneBody<PlainLanes>(pixels, count, NoKey<PlainLanes>());
 }
 
-KV_TARGET_AVX2 void Avx2ClearKey(DWORD* pixels, std::size_t count) {
-    ToneRow<Avx2Lanes>(pixels, count, NoKey<Avx2Lanes>());
-}
-
-constexpr ToneKernels kAvx2Kernels{Avx2Tint, Avx2LuminanceKey, Avx2ClearKey};
-#else
-constexpr ToneKernels kAvx2Kernels = kPlainKernels;
-#endif
-
-const ToneKernels& Kernels() {
-    return ActiveCpuLevel() == CpuLevel::kAvx2 ? kAvx2Kernels : kPlainKernels;
+KV_TARGET_AVX2 void ClearKeyAvx2(DWORD* pixels, std::size_t count) {
+    ToneBody<Avx2Lanes>(pixels, count, NoKey<Avx2Lanes>());
 }
 
 }  // namespace
 
 void TintRow(DWORD* pixels, std::size_t count, DWORD color) {
-    Kernels().tint(pixels, count, color);
+    ForLevel(TintPlain, TintAvx2)(pixels, count, color);
 }
 
 void LuminanceKeyRow(DWORD* pixels, std::size_t count, DWORD low, DWORD range) {
-    Kernels().luminanceKey(pixels, count, low, range);
+    ForLevel(LuminanceKeyPlain, LuminanceKeyAvx2)(pixels, count, low, range);
 }
 
 void ClearKeyRow(DWORD* pixels, std::size_t count) {
-    Kernels().clearKey(pixels, count);
+    ForLevel(ClearKeyPlain, ClearKeyAvx2)(pixels, count);
 }
 
 }  // namespace kv

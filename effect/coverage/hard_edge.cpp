@@ -1,3 +1,5 @@
+// The hard edge: a dilation by a disc.
+
 #include <algorithm>
 #include <bit>
 #include <cstring>

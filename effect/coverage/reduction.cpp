@@ -1,9 +1,12 @@
+// Masks reduced to coverages, at each scale by its own kernel.
+
 #include "effect/coverage/reduction.h"
 
 #include <array>
 #include <cstdint>
 #include <limits>
 
+#include "base/scale.h"
 #include "base/vector.h"
 
 namespace kv {
@@ -55,14 +58,12 @@ KV_FORCE_INLINE void CountEightRows(const BYTE* mask, std::size_t pitch, Bytes32
 // One byte of even, one of odd, and so on.
 KV_FORCE_INLINE void StoreInterleaved(BYTE* to, const Bytes32& even, const Bytes32& odd) {
     for (std::size_t half = 0; half < 2; ++half, to += kBlock) {
-        Bytes16 first, second;
-        Load(first, reinterpret_cast<const BYTE*>(&even) + half * sizeof(Bytes16));
-        Load(second, reinterpret_cast<const BYTE*>(&odd) + half * sizeof(Bytes16));
-        Store(to, Bytes16(__builtin_shufflevector(first, second, 0, 16, 1, 17, 2, 18, 3, 19, 4, 20,
-                                                  5, 21, 6, 22, 7, 23)));
-        Store(to + sizeof(Bytes16),
-              Bytes16(__builtin_shufflevector(first, second, 8, 24, 9, 25, 10, 26, 11, 27, 12, 28,
-                                              13, 29, 14, 30, 15, 31)));
+        Bytes16 evenHalf, oddHalf, first, second;
+        Load(evenHalf, reinterpret_cast<const BYTE*>(&even) + half * sizeof(Bytes16));
+        Load(oddHalf, reinterpret_cast<const BYTE*>(&odd) + half * sizeof(Bytes16));
+        Interleave(evenHalf, oddHalf, first, second);
+        Store(to, first);
+        Store(to + sizeof(Bytes16), second);
     }
 }
 
@@ -109,13 +110,13 @@ struct Scale16 {
         Words16 count = (pairs & 0xFF) + (pairs >> 8);
         count -= count >> 8;
         const Bytes16 pixels = __builtin_convertvector(count, Bytes16);
-        std::memcpy(coverage, &pixels, sizeof(pixels));
+        Store(coverage, pixels);
     }
 };
 
 template <typename Scale>
-KV_FORCE_INLINE void ReduceBlocks(const BYTE* mask, std::size_t pitch, std::size_t bytes,
-                                  BYTE* coverage) {
+KV_FORCE_INLINE void ReduceBody(const BYTE* mask, std::size_t pitch, std::size_t bytes,
+                                BYTE* coverage) {
     std::size_t at = 0;
     for (; at + kBlock <= bytes; at += kBlock, coverage += Scale::kPixels) {
         Scale::Reduce(mask + at, pitch, coverage);
@@ -134,13 +135,13 @@ KV_FORCE_INLINE void ReduceBlocks(const BYTE* mask, std::size_t pitch, std::size
 
 template <typename Scale>
 void ReducePlain(const BYTE* mask, std::size_t pitch, std::size_t bytes, BYTE* coverage) {
-    ReduceBlocks<Scale>(mask, pitch, bytes, coverage);
+    ReduceBody<Scale>(mask, pitch, bytes, coverage);
 }
 
 template <typename Scale>
 KV_TARGET_AVX2 void ReduceAvx2(const BYTE* mask, std::size_t pitch, std::size_t bytes,
                                BYTE* coverage) {
-    ReduceBlocks<Scale>(mask, pitch, bytes, coverage);
+    ReduceBody<Scale>(mask, pitch, bytes, coverage);
 }
 
 using EightPixels = std::array<BYTE, 8>;
@@ -165,9 +166,10 @@ void Expand(const BYTE* mask, std::size_t /*pitch*/, std::size_t bytes, BYTE* co
 }  // namespace
 
 ReduceRow* ReductionFor(int scale) {
+    if (!IsScale(scale)) {
+        return nullptr;
+    }
     switch (scale) {
-        case 1:
-            return Expand;
         case 4:
             return ForLevel<ReduceRow>(ReducePlain<Scale4>, ReduceAvx2<Scale4>);
         case 8:
@@ -175,7 +177,7 @@ ReduceRow* ReductionFor(int scale) {
         case 16:
             return ForLevel<ReduceRow>(ReducePlain<Scale16>, ReduceAvx2<Scale16>);
         default:
-            return nullptr;
+            return Expand;
     }
 }
 

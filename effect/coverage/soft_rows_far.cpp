@@ -1,3 +1,5 @@
+// Rows of a soft edge whose radius is too large for squares in 16 bits.
+
 #include <algorithm>
 
 #include "base/scratch.h"

@@ -1,3 +1,5 @@
+// Rows of a soft edge by looking at the columns around each pixel.
+
 #include <algorithm>
 #include <cstring>
 
@@ -11,7 +13,7 @@ namespace {
 // Target columns at once: two vectors, as many as one has bytes.
 template <typename Shorts>
 constexpr std::size_t kBlock = sizeof(Shorts);
-constexpr std::size_t kLargestBlock = kBlock<Shorts16>;
+constexpr std::size_t kMaxBlock = kBlock<Shorts16>;
 
 constexpr int kStride = 4;  // columns looked at between two tests for an early stop
 
@@ -135,7 +137,7 @@ bool NearSoftRows::Prepare(int radius, std::size_t width) {
     m_Radius = radius;
     m_Width = width;
     const int outside = radius * radius;
-    const std::size_t padded = width + 2 * Pad(radius) + kLargestBlock;
+    const std::size_t padded = width + 2 * Pad(radius) + kMaxBlock;
     m_Values = Scratch<BYTE>(static_cast<std::size_t>(outside) + 1);
     m_Squares = Scratch<std::int16_t>(padded);
     if (m_Values == nullptr || m_Squares == nullptr) {

@@ -1,3 +1,5 @@
+// A coverage applied to painted pixels.
+
 #include "effect/paint/cover_row.h"
 
 #include <type_traits>

@@ -1,3 +1,5 @@
+// The ramp by the distance from a point.
+
 #include <algorithm>
 #include <cmath>
 #include <cstring>
@@ -6,21 +8,15 @@
 #include "base/vector.h"
 #include "effect/paint/ramp.h"
 
-#if KV_HAS_AVX2_PATH
-#include <immintrin.h>
-#endif
-
 namespace kv {
 namespace {
 
-using Doubles4 = double __attribute__((vector_size(32)));
-
 constexpr std::size_t kBlock = 4;
-constexpr LONG kLongestReach = 1 << 26;  // two squares of it sum to a whole number in a double
+constexpr LONG kMaxReach = 1 << 26;  // two squares of it sum to a whole number in a double
 
 // The colours of a row at the columns 0, 1, 2... from the centre:
 //   d = -sqrt(column * column + row * row), byte = trunc(d * step) + byte of the colour.
-// Four at a time; the root between the two halves is the level's own. No change leaves 32 bits,
+// Four at a time. No change leaves 32 bits,
 // since no distance exceeds the length by much.
 struct Arc {
     Doubles4 columns = {0, 1, 2, 3};
@@ -52,31 +48,41 @@ struct Arc {
     }
 };
 
-void ArcPlain(const Ramp& ramp, double row, std::size_t count, DWORD* pixels) {
+// Compilers do not take four roots at once of themselves, since a root may report an error.
+struct PlainRoots {
+    static KV_FORCE_INLINE void Take(Doubles4& values) {
+        for (std::size_t i = 0; i < kBlock; ++i) {
+            values[i] = std::sqrt(values[i]);
+        }
+    }
+};
+
+#if KV_HAS_AVX2_PATH
+struct Avx2Roots {
+    KV_TARGET_AVX2 static inline void Take(Doubles4& values) { values = _mm256_sqrt_pd(values); }
+};
+#else
+using Avx2Roots = PlainRoots;
+#endif
+
+template <typename Roots>
+KV_FORCE_INLINE void ArcBody(const Ramp& ramp, double row, std::size_t count, DWORD* pixels) {
     Arc arc(ramp, row);
     for (std::size_t at = 0; at < count; at += kBlock) {
         Doubles4 values;
         arc.NextSquares(values);
-        for (std::size_t i = 0; i < kBlock; ++i) {
-            values[i] = std::sqrt(values[i]);
-        }
+        Roots::Take(values);
         arc.StoreColours(values, pixels + at);
     }
 }
 
-#if KV_HAS_AVX2_PATH
-KV_TARGET_AVX2 void ArcAvx2(const Ramp& ramp, double row, std::size_t count, DWORD* pixels) {
-    Arc arc(ramp, row);
-    for (std::size_t at = 0; at < count; at += kBlock) {
-        Doubles4 values;
-        arc.NextSquares(values);
-        values = _mm256_sqrt_pd(values);
-        arc.StoreColours(values, pixels + at);
-    }
+void ArcPlain(const Ramp& ramp, double row, std::size_t count, DWORD* pixels) {
+    ArcBody<PlainRoots>(ramp, row, count, pixels);
 }
-#else
-constexpr auto* ArcAvx2 = ArcPlain;
-#endif
+
+KV_TARGET_AVX2 void ArcAvx2(const Ramp& ramp, double row, std::size_t count, DWORD* pixels) {
+    ArcBody<Avx2Roots>(ramp, row, count, pixels);
+}
 
 }  // namespace
 
@@ -86,7 +92,7 @@ bool PaintCircleRamp(const Ramp& ramp, const RampTarget& target) {
     const LONG left = ramp.centreX;
     const LONG reachX = std::max(left, ramp.width - 1 - left);
     const LONG reachY = std::max(ramp.centreY, ramp.height - 1 - ramp.centreY);
-    if (std::max(reachX, reachY) > kLongestReach) {
+    if (std::max(reachX, reachY) > kMaxReach) {
         return false;
     }
     const auto count = static_cast<std::size_t>(reachX) + 1;

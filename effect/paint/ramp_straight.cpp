@@ -1,3 +1,5 @@
+// The ramps whose rows are windows of one line of colours.
+
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
