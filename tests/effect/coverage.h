@@ -9,9 +9,9 @@
 #include <CKVMonoBitmap.h>
 #include <gtest/gtest.h>
 
-#include "base/cpu.h"
+#include "tests/support/each_level.h"
 
-// Helpers for the effect tests: bitmaps from pictures and random bytes, and a run at each level.
+// Helpers for the effect tests: bitmaps from pictures and random bytes.
 
 namespace effect_test {
 
@@ -44,16 +44,6 @@ inline void FillRandom(CKVGrayBitmap& gray, LONG width, LONG height, int zeros,
     }
     for (LONG y = 0; y < height && width % 2 != 0; ++y) {
         At(gray, width, y) = 255;
-    }
-}
-
-/// Calls the function at the baseline and at the best level of this machine.
-template <typename Function>
-void AtEachLevel(const Function& function) {
-    for (const kv::CpuLevel level : {kv::CpuLevel::kBaseline, kv::CpuLevel::kAvx2}) {
-        kv::ForceCpuLevel(level);
-        ASSERT_EQ(kv::ActiveCpuLevel(), std::min(level, kv::DetectedCpuLevel()));
-        function();
     }
 }
 

@@ -26,7 +26,7 @@ TEST(ImageEdge, TakesTheKeysAsCoverage) {
     CKVGrayBitmap gray;
     for (LONG width = 1; width < 80; ++width) {
         FillRandom(fb, width, 3, random);
-        effect_test::AtEachLevel([&] {
+        AtEachLevel([&] {
             ASSERT_EQ(CKVBwDraw().KeyToGray(&fb, &gray), 0);
             ASSERT_EQ(gray.Width, width);
             std::vector<BYTE> expected(gray.Size);  // with pad bytes of 0

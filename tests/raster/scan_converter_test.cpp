@@ -5,8 +5,8 @@
 
 #include <gtest/gtest.h>
 
-#include "base/cpu.h"
 #include "tests/raster/raster_check.h"
+#include "tests/support/each_level.h"
 
 namespace kv::gdi {
 namespace {
@@ -98,10 +98,7 @@ TEST(ScanConverterTest, ManyLongSidesFromOneRowAreSortedAndStayTrue) {
     const Clip clip{0, 0, 64, 400};
     for (const FillRule rule : kRules) {
         const Rows expected = Expected(comb, rule, clip);
-        for (const CpuLevel level : {CpuLevel::kBaseline, CpuLevel::kAvx2}) {
-            ForceCpuLevel(level);
-            EXPECT_EQ(Draw(comb, rule, clip), expected);
-        }
+        AtEachLevel([&] { EXPECT_EQ(Draw(comb, rule, clip), expected); });
     }
 }
 

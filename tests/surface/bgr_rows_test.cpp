@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include "base/cpu.h"
+#include "tests/support/each_level.h"
 
 namespace {
 
@@ -15,8 +15,7 @@ using Bytes = std::vector<BYTE>;
 // sees what is read or written beyond them.
 TEST(BgrRows, AreThePlainLoop) {
     std::mt19937 random(4);
-    for (const auto level : {kv::CpuLevel::kBaseline, kv::CpuLevel::kAvx2}) {
-        kv::ForceCpuLevel(level);
+    AtEachLevel([&] {
         for (std::size_t pixels = 1; pixels <= 90; ++pixels) {
             Bytes three(pixels * 3);
             Bytes four(pixels * 4, 255);
@@ -34,8 +33,7 @@ TEST(BgrRows, AreThePlainLoop) {
             kv::DropKeys(out.data(), four.data(), pixels);
             ASSERT_EQ(out, three) << pixels;
         }
-    }
-    kv::ForceCpuLevel(kv::DetectedCpuLevel());
+    });
 }
 
 }  // namespace

@@ -1,14 +1,12 @@
 #include <algorithm>
-#include <functional>
 #include <limits>
 #include <random>
-#include <thread>
 #include <vector>
 
 #include <CKVFrameBuffer.h>
 #include <gtest/gtest.h>
 
-#include "base/cpu.h"
+#include "tests/support/each_level.h"
 
 namespace {
 
@@ -95,34 +93,14 @@ TEST(PixelOperations, KeyPictureReplacesTheTarget) {
     EXPECT_EQ(source.m_ReadCount, 0);
 }
 
-// Readers see one colour everywhere, however the operations of other threads fall in between; and
-// nothing happens where there is no store.
-TEST(PixelOperations, AreWholeForOtherThreads) {
-    CKVFrameBuffer shared(37, 29, 1), empty;
-    const auto change = [](CKVFrameBuffer& surface) {
-        for (DWORD i = 0; i < 60; ++i) {
-            surface.ClearCol(i * 0x01030507);
-            surface.ImageChColor(0xFFFFFF);
-            surface.MakeLuminanceKey(40, 99);
-            surface.ClearKey();
-            surface.ClearCross(CPoint(99, 99), i, i);
-            surface.Clear();
-        }
-    };
-    const auto look = [&shared] {
-        CKVFrameBuffer key, copy;
-        for (int i = 0; i < 60; ++i) {
-            ASSERT_EQ(shared.GetKeyFreameBuffer(&key), 0);
-            shared.ReadLock();
-            ASSERT_EQ(shared.SizeChange(&copy, 37, 29), 0);
-            shared.ReadUnlock();
-            ExpectPixels(key, Pixels(37 * 29, *key.GetBufferDWord()));
-            ExpectPixels(copy, Pixels(37 * 29, *copy.GetBufferDWord()));
-        }
-    };
-    const std::jthread threads[] = {std::jthread(change, std::ref(shared)), std::jthread(look),
-                                    std::jthread(change, std::ref(shared)), std::jthread(look)};
-    change(empty);
+TEST(PixelOperations, DoNothingWithoutAStore) {
+    CKVFrameBuffer empty;
+    empty.ClearCol(1);
+    empty.ImageChColor(0xFFFFFF);
+    empty.MakeLuminanceKey(40, 99);
+    empty.ClearKey();
+    empty.ClearCross(CPoint(99, 99), 1, 2);
+    empty.Clear();
     EXPECT_EQ(empty.IsBuffer(), 1);
 }
 
@@ -146,8 +124,7 @@ TEST(PixelOperations, TonesEqualTheirFormulas) {
             count, [=](CKVFrameBuffer& surface) { surface.MakeLuminanceKey(low, range); },
             [=](DWORD pixel) { return Keyed(pixel, low, range); });
     };
-    for (const kv::CpuLevel level : {kv::CpuLevel::kBaseline, kv::CpuLevel::kAvx2}) {
-        kv::ForceCpuLevel(level);
+    AtEachLevel([&] {
         for (std::size_t width = 1; width <= 70; ++width) {
             const std::size_t count = width < 70 ? width : pixels.size();
             check(
@@ -168,8 +145,7 @@ TEST(PixelOperations, TonesEqualTheirFormulas) {
         for (DWORD range = 0; range < 66000; range += range < 600 ? 1 : 97) {
             checkKey(256, 0, range);
         }
-    }
-    kv::ForceCpuLevel(kv::DetectedCpuLevel());
+    });
 }
 
 }  // namespace

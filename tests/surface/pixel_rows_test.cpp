@@ -5,64 +5,58 @@
 
 #include <gtest/gtest.h>
 
-#include "base/cpu.h"
+#include "surface/pixel_blend.h"
+#include "tests/support/each_level.h"
 
 namespace {
 
-// The rules as they are told, one pixel after the other.
-DWORD Mix(DWORD dst, DWORD src, DWORD dstWeight, DWORD srcWeight, DWORD total) {
-    DWORD result = total << 24;
-    for (const int shift : {0, 8, 16}) {
-        const DWORD sum = (dst >> shift) % 256 * dstWeight + (src >> shift) % 256 * srcWeight;
-        result |= sum / total << shift;
+// Worked by hand.
+TEST(PixelBlend, ByKey) {
+    const DWORD cases[][3] = {{0x80112233, 0xFF445566, 0xFF445566},
+                              {0x01112233, 0x00445566, 0x01112233},
+                              {0x00112233, 0x00445566, 0x00445566},
+                              {0x00112233, 0x00000000, 0x00112233},
+                              {0x00FFFFFF, 0x01020304, 0x01020304},
+                              {0xFF0000FF, 0x80FF0000, 0xFF80007F},   // d = 255 - 128
+                              {0x64C86400, 0x640A14FF, 0xA151329E}};  // d = 100 - 39
+    for (const auto& [dst, src, result] : cases) {
+        EXPECT_EQ(kv::BlendByKey(dst, src), result) << std::hex << dst << " " << src;
     }
-    return result;
 }
 
-DWORD ByKey(DWORD dst, DWORD src) {
-    const DWORD sa = src >> 24;
-    const DWORD da = dst >> 24;
-    if (sa == 255 || (sa == 0 && da == 0 && src != 0)) {
-        return src;
+TEST(PixelBlend, ByMask) {
+    const DWORD cases[][4] = {{0x80112233, 0x40445566, 255, 0x40445566},
+                              {0x80112233, 0x00445566, 255, 0x00445566},
+                              {0xFF112233, 0x80445566, 0, 0xFF112233},
+                              {0x00112233, 0x00445566, 0, 0x00112233},
+                              {0x00112233, 0x00445566, 1, 0x00445566},
+                              {0x80C86400, 0x400A14FF, 128, 0x7F683B80},   // e = 63, A = 127
+                              {0xFFC86400, 0xC00A14FF, 100, 0xFF7D4464},   // e = 155, A at most 255
+                              {0xFFC86400, 0x640A14FF, 200, 0x9B4D30A4}};  // e = 55, A = 155
+    for (const auto& [dst, src, mask, result] : cases) {
+        EXPECT_EQ(kv::BlendByMask(dst, src, mask), result) << std::hex << dst << " " << src;
     }
-    const DWORD d = da - da * sa / 255;
-    return sa == 0 ? dst : Mix(dst, src, d, sa, d + sa);
 }
 
-DWORD ByMask(DWORD dst, DWORD src, DWORD m) {
-    const DWORD e = (dst >> 24) * (255 - m) / 255;
-    DWORD s = src >> 24;
-    DWORD total = s + e;
-    if (total > 255) {
-        s = 255 - e;
-        total = 255;
-    }
-    if (total == 0) {
-        return m != 0 ? src : dst % 0x1000000;
-    }
-    return Mix(dst, src, e, s, total);
-}
-
-class PixelRows : public testing::TestWithParam<kv::CpuLevel> {
+class PixelRows : public testing::Test {
   protected:
-    void SetUp() override { kv::ForceCpuLevel(GetParam()); }
-    void TearDown() override { kv::ForceCpuLevel(kv::DetectedCpuLevel()); }
-
-    // Blends through the rows and through the rules above; dst stands between guard pixels.
+    // Blends by rows and pixel by pixel; dst stands between guard pixels.
     static void ExpectSame(const std::vector<DWORD>& dst, const DWORD* src, const BYTE* mask) {
         const std::size_t count = dst.size() - 2;
-        std::vector<DWORD> rows = dst;
         std::vector<DWORD> plain = dst;
         for (std::size_t i = 0; i < count; ++i) {
-            plain[i + 1] =
-                mask != nullptr ? ByMask(dst[i + 1], src[i], mask[i]) : ByKey(dst[i + 1], src[i]);
+            plain[i + 1] = mask != nullptr ? kv::BlendByMask(dst[i + 1], src[i], mask[i])
+                                           : kv::BlendByKey(dst[i + 1], src[i]);
         }
-        if (mask != nullptr) {
-            kv::BlendRowByMask(rows.data() + 1, src, mask, count);
-        } else {
-            kv::BlendRowByKey(rows.data() + 1, src, count);
-        }
-        ASSERT_EQ(rows, plain);
+        AtEachLevel([&] {
+            std::vector<DWORD> rows = dst;
+            if (mask != nullptr) {
+                kv::BlendRowByMask(rows.data() + 1, src, mask, count);
+            } else {
+                kv::BlendRowByKey(rows.data() + 1, src, count);
+            }
+            ASSERT_EQ(rows, plain);
+        });
     }
 
     // Colours with many extremes.
@@ -75,7 +69,7 @@ class PixelRows : public testing::TestWithParam<kv::CpuLevel> {
 };
 
 // Every coverage with every pair of keys; the blend by key meets every pair 64 times.
-TEST_P(PixelRows, AllCoveragesAndKeyPairs) {
+TEST_F(PixelRows, AllCoveragesAndKeyPairs) {
     std::vector<DWORD> dst(258);
     std::vector<DWORD> src(256);
     for (DWORD& pixel : src) {
@@ -98,7 +92,7 @@ TEST_P(PixelRows, AllCoveragesAndKeyPairs) {
 }
 
 // Widths, alignments and runs of solid, empty and mixed pixels that begin and end anywhere.
-TEST_P(PixelRows, RunsAtAllWidths) {
+TEST_F(PixelRows, RunsAtAllWidths) {
     const auto run = [this](BYTE& key) {
         if (random() % 6 == 0) {
             const BYTE kinds[] = {0, 255, static_cast<BYTE>(random())};
@@ -124,8 +118,5 @@ TEST_P(PixelRows, RunsAtAllWidths) {
         }
     }
 }
-
-INSTANTIATE_TEST_SUITE_P(Levels, PixelRows,
-                         testing::Values(kv::CpuLevel::kBaseline, kv::CpuLevel::kAvx2));
 
 }  // namespace

@@ -6,8 +6,8 @@
 #include <CKVFrameBuffer.h>
 #include <gtest/gtest.h>
 
-#include "base/cpu.h"
 #include "surface/resample.h"
+#include "tests/support/each_level.h"
 
 namespace {
 
@@ -79,53 +79,48 @@ void CheckSize(const CKVFrameBuffer& source, CKVFrameBuffer& target, LONG width,
                     static_cast<float>(height) / static_cast<float>(source.m_Height));
 }
 
-class Scaling : public testing::TestWithParam<kv::CpuLevel> {
-  protected:
-    Scaling() { kv::ForceCpuLevel(GetParam()); }
-    ~Scaling() override { kv::ForceCpuLevel(kv::DetectedCpuLevel()); }
-
-    CKVFrameBuffer target;
-};
-
 // Widths around every multiple of a vector and of the strips that are worked on at once. On flat
 // colour the precision of the products decides the level.
-TEST_P(Scaling, SizesEqualTheRule) {
-    for (const LONG from : {1, 2, 3, 4, 5, 8, 33}) {
-        for (LONG width = 1; width <= 70; ++width) {
-            ASSERT_NO_FATAL_FAILURE(
-                CheckSize(Noise(from, 36 / from + 1), target, width, 71 - width));
+TEST(Scaling, SizesEqualTheRule) {
+    AtEachLevel([] {
+        CKVFrameBuffer target;
+        for (const LONG from : {1, 2, 3, 4, 5, 8, 33}) {
+            for (LONG width = 1; width <= 70; ++width) {
+                ASSERT_NO_FATAL_FAILURE(
+                    CheckSize(Noise(from, 36 / from + 1), target, width, 71 - width));
+            }
         }
-    }
-    CKVFrameBuffer flat(300, 5, 0);
-    flat.ClearCol(0xFFC8640B);
-    for (const LONG width : {640, 4095, 4096, 4097, 8200}) {
-        ASSERT_NO_FATAL_FAILURE(CheckSize(Noise(300, 5), target, width, 9));
-        ASSERT_NO_FATAL_FAILURE(CheckSize(flat, target, width, 9));
-    }
+        CKVFrameBuffer flat(300, 5, 0);
+        flat.ClearCol(0xFFC8640B);
+        for (const LONG width : {640, 4095, 4096, 4097, 8200}) {
+            ASSERT_NO_FATAL_FAILURE(CheckSize(Noise(300, 5), target, width, 9));
+            ASSERT_NO_FATAL_FAILURE(CheckSize(flat, target, width, 9));
+        }
+    });
 }
 
 // The size is cut to whole pixels, the factors are not. Only factors that do not fit the sizes
 // reach positions outside the source.
-TEST_P(Scaling, FactorsEqualTheRule) {
-    const CKVFrameBuffer source = Noise(13, 8);
-    for (const float x : {0.08F, 0.3F, 0.77F, 1.0F, 1.7F, 3.99F}) {
-        for (const float y : {0.13F, 0.5F, 1.01F, 2.5F, 7.3F}) {
-            ASSERT_EQ(source.SizeChangeScale(&target, x, y), 0);
-            ASSERT_EQ(target.GetWH(),
-                      CSize(static_cast<LONG>(13.0F * x), static_cast<LONG>(8.0F * y)));
-            ASSERT_NO_FATAL_FAILURE(ExpectResampled(source, target, x, y));
-            CKVFrameBuffer wide(300, 31, 0);
-            wide.ClearCol(0xEEEEEEEE);
-            ASSERT_TRUE(kv::Resample(source, wide, x, y));
-            ASSERT_NO_FATAL_FAILURE(ExpectResampled(source, wide, x, y));
+TEST(Scaling, FactorsEqualTheRule) {
+    AtEachLevel([] {
+        CKVFrameBuffer target;
+        const CKVFrameBuffer source = Noise(13, 8);
+        for (const float x : {0.08F, 0.3F, 0.77F, 1.0F, 1.7F, 3.99F}) {
+            for (const float y : {0.13F, 0.5F, 1.01F, 2.5F, 7.3F}) {
+                ASSERT_EQ(source.SizeChangeScale(&target, x, y), 0);
+                ASSERT_EQ(target.GetWH(),
+                          CSize(static_cast<LONG>(13.0F * x), static_cast<LONG>(8.0F * y)));
+                ASSERT_NO_FATAL_FAILURE(ExpectResampled(source, target, x, y));
+                CKVFrameBuffer wide(300, 31, 0);
+                wide.ClearCol(0xEEEEEEEE);
+                ASSERT_TRUE(kv::Resample(source, wide, x, y));
+                ASSERT_NO_FATAL_FAILURE(ExpectResampled(source, wide, x, y));
+            }
         }
-    }
+    });
 }
 
-INSTANTIATE_TEST_SUITE_P(Levels, Scaling,
-                         testing::Values(kv::CpuLevel::kBaseline, kv::CpuLevel::kAvx2));
-
-TEST(ScalingResults, KnownRows) {
+TEST(Scaling, KnownRows) {
     CKVFrameBuffer row(4, 1, 1), target;
     const std::vector<DWORD> levels{10, 21, 30, 40};
     std::copy_n(levels.begin(), 4, row.m_BufferDWord);
@@ -135,7 +130,7 @@ TEST(ScalingResults, KnownRows) {
     }
 }
 
-TEST(ScalingResults, BadArgumentsLeaveTheTargetAndBadSizesEmptyIt) {
+TEST(Scaling, BadArgumentsLeaveTheTargetAndBadSizesEmptyIt) {
     CKVFrameBuffer source = Noise(4, 4), target(3, 3, 1), empty;
     for (const LONG bad : {0, -1}) {
         EXPECT_EQ(source.SizeChange(&target, bad, 5), -1);

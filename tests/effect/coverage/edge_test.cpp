@@ -8,7 +8,6 @@
 namespace {
 
 using effect_test::At;
-using effect_test::AtEachLevel;
 using effect_test::BytesOf;
 using effect_test::FillRandom;
 

@@ -7,7 +7,6 @@
 namespace {
 
 using effect_test::At;
-using effect_test::AtEachLevel;
 
 // Bit by bit: count times 256 over the bits of a block, the full block 255.
 int PlainCoverage(const CKVMonoBitmap& mask, int scale, int column, int row) {

@@ -10,7 +10,6 @@
 
 namespace {
 
-using effect_test::AtEachLevel;
 using Pixels = std::vector<DWORD>;
 
 constexpr int kMost = std::numeric_limits<int>::max();

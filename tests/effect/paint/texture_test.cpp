@@ -77,7 +77,7 @@ TEST_F(Texture, PaintsAsTheCopiesDo) {
             effect_test::FillRandom(m_Gray, width, 1 + width * 5 % 37, 3, m_Random);
             for (const LONG mode : {0, 1, 2, 3, -1}) {
                 const std::vector<DWORD> expected = PlainTexture(m_Gray, m_Picture, mode);
-                effect_test::AtEachLevel([&] {
+                AtEachLevel([&] {
                     ASSERT_EQ(Paint(mode, m_File.c_str()), expected)
                         << size.cx << " onto " << width << " mode " << mode;
                 });
