@@ -61,11 +61,11 @@ class PixelRows : public testing::Test {
 
     // Colours with many extremes.
     DWORD Colour() {
-        const DWORD extremes = random() % 2 == 0 ? 0xFFFFFF : 0;
-        return random() % 3 == 0 ? extremes : static_cast<DWORD>(random()) & 0xFFFFFF;
+        const DWORD extremes = m_Random() % 2 == 0 ? 0xFFFFFF : 0;
+        return m_Random() % 3 == 0 ? extremes : static_cast<DWORD>(m_Random()) & 0xFFFFFF;
     }
 
-    std::mt19937 random{11};
+    std::mt19937 m_Random{11};
 };
 
 // Every coverage with every pair of keys; the blend by key meets every pair 64 times.
@@ -94,11 +94,11 @@ TEST_F(PixelRows, AllCoveragesAndKeyPairs) {
 // Widths, alignments and runs of solid, empty and mixed pixels that begin and end anywhere.
 TEST_F(PixelRows, RunsAtAllWidths) {
     const auto run = [this](BYTE& key) {
-        if (random() % 6 == 0) {
-            const BYTE kinds[] = {0, 255, static_cast<BYTE>(random())};
-            key = kinds[random() % 3];
+        if (m_Random() % 6 == 0) {
+            const BYTE kinds[] = {0, 255, static_cast<BYTE>(m_Random())};
+            key = kinds[m_Random() % 3];
         }
-        return random() % 16 == 0 ? static_cast<BYTE>(random()) : key;
+        return m_Random() % 16 == 0 ? static_cast<BYTE>(m_Random()) : key;
     };
     BYTE keys[3] = {};
     for (std::size_t width = 0; width < 70; ++width) {
