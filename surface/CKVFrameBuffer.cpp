@@ -4,9 +4,9 @@
 
 #include <cstdlib>
 #include <cstring>
-#include <limits>
 
 #include "surface/holds.h"
+#include "surface/store_result.h"
 
 namespace {
 
@@ -33,7 +33,8 @@ void ZeroSpareBytes(BYTE* block, BYTE* pixels, std::size_t pixelBytes) {
 
 // Both surfaces are held by the caller, and to is empty.
 void CopyStore(CKVFrameBuffer& to, const CKVFrameBuffer& from) {
-    if (from.IsBuffer() == 0 && to.UnlockCreateFrameBuffer(from.m_Width, from.m_Height, 0) == 0) {
+    if (from.IsBuffer() == 0 &&
+        to.UnlockCreateFrameBuffer(from.m_Width, from.m_Height, 0) == kv::kStoreDone) {
         std::memcpy(to.m_BufferByte, from.m_BufferByte, from.m_Size);
     }
 }
@@ -77,20 +78,20 @@ int CKVFrameBuffer::UnlockCreateFrameBuffer(LONG width, LONG height, int clear) 
 int CKVFrameBuffer::Create(LONG width, LONG height, bool clear) {
     const kv::ExclusiveHold hold(*this);
     if (m_Alloc != nullptr) {
-        return 1;
+        return kv::kStoreExists;
     }
     if (width < 1 || height < 1) {
-        return 4;
+        return kv::kStoreNoSize;
     }
     const std::uint64_t bytes = BlockBytes(width, height);
-    if (bytes > std::numeric_limits<DWORD>::max()) {
-        return 2;
+    if (bytes > kv::kMaxStoreBytes) {
+        return kv::kStoreRefused;
     }
     // Zeroed blocks come from calloc: fresh pages are zero already.
     const auto blockSize = static_cast<std::size_t>(bytes);
     void* const block = clear ? std::calloc(blockSize, 1) : std::malloc(blockSize);
     if (block == nullptr) {
-        return 2;
+        return kv::kStoreRefused;
     }
     m_Alloc = block;
     m_BufferByte = FirstPixel(block);
@@ -101,7 +102,7 @@ int CKVFrameBuffer::Create(LONG width, LONG height, bool clear) {
     if (!clear) {
         ZeroSpareBytes(static_cast<BYTE*>(block), m_BufferByte, m_Size);
     }
-    return 0;
+    return kv::kStoreDone;
 }
 
 int CKVFrameBuffer::DeleteFrameBuffer() {
@@ -110,7 +111,7 @@ int CKVFrameBuffer::DeleteFrameBuffer() {
 }
 
 int CKVFrameBuffer::UnlockDeleteFrameBuffer() {
-    const int result = m_Alloc != nullptr ? 0 : 3;
+    const int result = m_Alloc != nullptr ? kv::kStoreDone : kv::kStoreMissing;
     std::free(m_Alloc);
     m_Alloc = nullptr;
     m_BufferByte = nullptr;

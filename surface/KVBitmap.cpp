@@ -1,9 +1,14 @@
+// The store of the mask and the coverage bitmap.
+
+#include "KVBitmap.h"
+
 #include <cstring>
-#include <limits>
 #include <new>
 
 #include <CKVGrayBitmap.h>
 #include <CKVMonoBitmap.h>
+
+#include "surface/store_result.h"
 
 KVBitmap::KVBitmap(const KVBitmap& other) {
     *this = other;
@@ -14,7 +19,8 @@ KVBitmap& KVBitmap::operator=(const KVBitmap& other) {
         return *this;
     }
     Delete();
-    if (other.Bits != nullptr && CreateRows(other.Width, other.Height, other.Pitch) == 0) {
+    if (other.Bits != nullptr &&
+        CreateRows(other.Width, other.Height, other.Pitch) == kv::kStoreDone) {
         std::memcpy(Bits, other.Bits, Size);
     }
     return *this;
@@ -26,36 +32,36 @@ KVBitmap::~KVBitmap() {
 
 int KVBitmap::CreateRows(LONG width, LONG height, std::uint64_t pitch) {
     if (Base != nullptr) {
-        return 1;
+        return kv::kStoreExists;
     }
     if (width < 1 || height < 1) {
-        return 4;
+        return kv::kStoreNoSize;
     }
     const std::uint64_t size = pitch * static_cast<std::uint64_t>(height);
-    if (size > std::numeric_limits<DWORD>::max()) {
-        return 2;
+    if (size > kv::kMaxStoreBytes) {
+        return kv::kStoreRefused;
     }
     BYTE* base = new (std::nothrow) BYTE[size]();
     if (base == nullptr) {
-        return 2;
+        return kv::kStoreRefused;
     }
     Base = Bits = base;
     Width = width;
     Height = height;
     Pitch = static_cast<DWORD>(pitch);
     Size = static_cast<DWORD>(size);
-    return 0;
+    return kv::kStoreDone;
 }
 
 int KVBitmap::Delete() {
     if (Base == nullptr) {
-        return 3;
+        return kv::kStoreMissing;
     }
     delete[] Base;
     Base = Bits = nullptr;
     Width = Height = 0;
     Pitch = Size = 0;
-    return 0;
+    return kv::kStoreDone;
 }
 
 int CKVMonoBitmap::Create(LONG width, LONG height) {
