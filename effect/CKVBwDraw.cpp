@@ -15,8 +15,25 @@
 
 namespace {
 
-int Result(bool done) {
-    return done ? 0 : -1;
+constexpr int kDone = 0;
+constexpr int kFailed = -1;
+
+int ResultOf(kv::Outcome outcome) {
+    return outcome ? kDone : kFailed;
+}
+
+// The picture with edge and shadow around it. As a body it is there already, so this cannot fail.
+kv::Arrangement RenderPicture(CKVFrameBuffer& target, const tagKVBWDRAWINFO& info,
+                              const CKVFrameBuffer& picture, kv::AloneSize size) {
+    kv::Layer body;
+    kv::TakePicture(picture, body);
+    return kv::RenderAlone(target, info, body, size).arranged;
+}
+
+int PaintBy(const std::optional<kv::PaintSource>& source, const CKVGrayBitmap* gray,
+            CKVFrameBuffer* fb) {
+    return source && gray != nullptr && fb != nullptr ? ResultOf(kv::Paint(*source, *gray, *fb))
+                                                      : kFailed;
 }
 
 }  // namespace
@@ -25,18 +42,30 @@ int CKVBwDraw::DispFb(CKVFrameBuffer* pFb, tagKVBWDRAWINFO* pInfo, const CKVMono
                       CBox* pBox) {
     m_pFb = pFb;
     m_pInfo = pInfo;
-    kv::Layers layers;
-    return Result(kv::ReduceMask(pInfo->AntiScale, *pMono, layers.body.coverage) &&
-                  kv::DisplayBody(*pFb, *pInfo, layers, *pBox));
+    kv::Layer body;
+    if (!kv::Reduce(pInfo->AntiScale, *pMono, body.coverage)) {
+        return kFailed;
+    }
+    const kv::RenderedOnto rendered = kv::RenderOnto(*pFb, *pInfo, body);
+    if (rendered.outcome) {
+        *pBox = rendered.touched;
+    }
+    return ResultOf(rendered.outcome);
 }
 
 int CKVBwDraw::SetFb(CKVFrameBuffer* pFb, tagKVBWDRAWINFO* pInfo, const CKVMonoBitmap* pMono,
                      CBox& Eria, CBox& Body, CBox& Edge, CBox& Shad) {
     m_pFb = pFb;
     m_pInfo = pInfo;
-    kv::Layers layers;
-    return Result(kv::ReduceMask(pInfo->AntiScale, *pMono, layers.body.coverage) &&
-                  kv::SetBody(*pFb, *pInfo, layers, Eria, Body, Edge, Shad));
+    kv::Layer body;
+    if (!kv::Reduce(pInfo->AntiScale, *pMono, body.coverage)) {
+        return kFailed;
+    }
+    const kv::RenderedAlone rendered = kv::RenderAlone(*pFb, *pInfo, body, kv::AloneSize::kToFit);
+    if (rendered.outcome) {
+        rendered.arranged.CopyTo(Eria, Body, Edge, Shad);
+    }
+    return ResultOf(rendered.outcome);
 }
 
 int CKVBwDraw::SetImgEdgeShadow(CKVFrameBuffer* pFb, tagKVBWDRAWINFO* pInfo,
@@ -45,10 +74,10 @@ int CKVBwDraw::SetImgEdgeShadow(CKVFrameBuffer* pFb, tagKVBWDRAWINFO* pInfo,
     m_pFb = pFb;
     m_pInfo = pInfo;
     if (pFb == nullptr || pInfo == nullptr || pSrc == nullptr) {
-        return -1;
+        return kFailed;
     }
-    kv::SetImage(*pFb, *pInfo, *pSrc, kv::PictureSize::kToFit, Eria, Body, Edge, Shad);
-    return 0;
+    RenderPicture(*pFb, *pInfo, *pSrc, kv::AloneSize::kToFit).CopyTo(Eria, Body, Edge, Shad);
+    return kDone;
 }
 
 int CKVBwDraw::SetFullImgEdgeShadow(CKVFrameBuffer* pFb, tagKVBWDRAWINFO* pInfo,
@@ -57,40 +86,38 @@ int CKVBwDraw::SetFullImgEdgeShadow(CKVFrameBuffer* pFb, tagKVBWDRAWINFO* pInfo,
     m_pFb = pFb;
     m_pInfo = pInfo;
     if (pFb == nullptr || pInfo == nullptr || pSrc == nullptr) {
-        return -1;
+        return kFailed;
     }
-    kv::SetImage(*pFb, *pInfo, *pSrc, kv::PictureSize::kOfSource, Eria, Body, Edge, Shad);
-    return 0;
+    RenderPicture(*pFb, *pInfo, *pSrc, kv::AloneSize::kOfBody).CopyTo(Eria, Body, Edge, Shad);
+    return kDone;
 }
 
 int CKVBwDraw::KeyToGray(const CKVFrameBuffer* pFb, CKVGrayBitmap* pGray) {
-    return Result(pFb != nullptr && pGray != nullptr && kv::KeysToCoverage(*pFb, *pGray));
+    return pFb != nullptr && pGray != nullptr ? ResultOf(kv::TakeKeys(*pFb, *pGray)) : kFailed;
 }
 
 int CKVBwDraw::MakeAntiGray(int Scale, const CKVMonoBitmap* pMono, CKVGrayBitmap* pGray) {
-    return Result(kv::ReduceMask(Scale, *pMono, *pGray));
+    return ResultOf(kv::Reduce(Scale, *pMono, *pGray));
 }
 
 int CKVBwDraw::MakeFb_Color(const CKVGrayBitmap* pGray, CKVFrameBuffer* pFb, const DWORD* pCol) {
-    return Result(pGray != nullptr && pFb != nullptr && pCol != nullptr &&
-                  kv::PaintColour(*pGray, *pFb, *pCol));
+    return PaintBy(kv::SourceOf(kv::kColourPaint, pCol, nullptr, nullptr), pGray, pFb);
 }
 
 int CKVBwDraw::MakeFb_Grad(const CKVGrayBitmap* pGray, CKVFrameBuffer* pFb,
                            const tagGRADINFO* pGrad) {
-    return Result(pGray != nullptr && pFb != nullptr && pGrad != nullptr &&
-                  kv::PaintGradient(*pGray, *pFb, *pGrad));
+    return PaintBy(kv::SourceOf(kv::kGradientPaint, nullptr, pGrad, nullptr), pGray, pFb);
 }
 
 int CKVBwDraw::MakeFb_Text(const CKVGrayBitmap* pGray, CKVFrameBuffer* pFb,
                            const tagTEXTUREINFO* pText) {
-    return Result(pGray != nullptr && pFb != nullptr && pText != nullptr &&
-                  kv::PaintTexture(*pGray, *pFb, *pText));
+    return PaintBy(kv::SourceOf(kv::kTexturePaint, nullptr, nullptr, pText), pGray, pFb);
 }
 
 int CKVBwDraw::GrayToFb(const CKVGrayBitmap* pGray, CKVFrameBuffer* pFb, const tagMAPINFO* pMap) {
-    return Result(pGray != nullptr && pFb != nullptr && pMap != nullptr &&
-                  kv::PaintByMap(*pGray, *pFb, *pMap));
+    return pMap != nullptr
+               ? PaintBy(kv::SourceOf(pMap->Mode, pMap->Col, pMap->Grad, pMap->Text), pGray, pFb)
+               : kFailed;
 }
 
 int CKVBwDraw::Pis_Grad_Paint(DWORD* pPixels, int Width, int Height, int x, int y, DWORD Col1,
@@ -98,7 +125,7 @@ int CKVBwDraw::Pis_Grad_Paint(DWORD* pPixels, int Width, int Height, int x, int 
     if (pPixels != nullptr) {
         kv::PaintBareRamp(pPixels, Width, Height, {0, Patern, x, y, Col1, Col2});
     }
-    return 0;
+    return kDone;
 }
 
 int CKVBwDraw::Pis_Grad_Paint_Set1(int Type, int x, int y, int Left, int Top, int Right, int Bottom,
@@ -109,39 +136,39 @@ int CKVBwDraw::Pis_Grad_Paint_Set1(int Type, int x, int y, int Left, int Top, in
         *pCx = extent.centreX;
         *pCy = extent.centreY;
     }
-    return 0;
+    return kDone;
 }
 
 int CKVBwDraw::Pis_Grad_Paint_Conv(int Type, int PosX, int PosY, int Left, int Top, int Right,
                                    int Bottom, int Cx, int Cy, double* pOut) {
     *pOut = kv::RampDistance(Type, PosX, PosY, {Left, Top, Right, Bottom}, Cx, Cy);
-    return 0;
+    return kDone;
 }
 
 int CKVBwDraw::MakeEdge(int Type, int Size, int /*SoftPen*/, const CKVGrayBitmap* pSrc,
                         CKVGrayBitmap* pDst) {
-    return Result(kv::MakeEdge(Type, Size, *pSrc, *pDst));
+    return ResultOf(kv::MakeEdge({Type, Size}, *pSrc, *pDst));
 }
 
 int CKVBwDraw::GrayMakeNomEdge(int Size, const CKVGrayBitmap* pSrc, CKVGrayBitmap* pDst) {
-    return Result(kv::AddHardEdge(Size, *pSrc, *pDst));
+    return ResultOf(kv::GrowHard(Size, *pSrc, *pDst));
 }
 
 int CKVBwDraw::GrayMakeSoftEdge(int Size, int /*SoftPen*/, const CKVGrayBitmap* pSrc,
                                 CKVGrayBitmap* pDst) {
-    return Result(kv::AddSoftEdge(Size, *pSrc, *pDst));
+    return ResultOf(kv::GrowSoft(Size, *pSrc, *pDst));
 }
 
 int CKVBwDraw::FilterBlush(unsigned char* pBuf, int Size, int Pen) {
     kv::FillBrush(pBuf, Size, Pen);
-    return 0;
+    return kDone;
 }
 
 int CKVBwDraw::MakeShadow(int Type, int Size, int SoftSize, int /*SoftPen*/,
                           const CKVGrayBitmap* pSrc, CKVGrayBitmap* pDst) {
-    return Result(kv::MakeShadow(Type, Size, SoftSize, *pSrc, *pDst));
+    return ResultOf(kv::CastShadow({Type, Size, SoftSize}, *pSrc, *pDst));
 }
 
 int CKVBwDraw::Make3DShadow(DWORD Size, const CKVGrayBitmap* pSrc, CKVGrayBitmap* pDst) {
-    return Result(kv::AddExtrusion(static_cast<LONG>(Size), *pSrc, *pDst));
+    return ResultOf(kv::Extrude(static_cast<LONG>(Size), *pSrc, *pDst));
 }

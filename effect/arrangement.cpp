@@ -1,3 +1,5 @@
+// The four boxes of a picture made to fit.
+
 #include "effect/arrangement.h"
 
 #include <algorithm>
@@ -33,12 +35,12 @@ struct AxisExtents {
     }
 };
 
-// The axis of the lengths given; a layer of no length was not made.
-AxisExtents ArrangeAxis(const tagKVBWDRAWINFO& info, LONG body, LONG edge, LONG shadow) {
+// The axis of layers of the lengths given; a layer of no length was not made.
+AxisExtents ArrangeAxis(const Layers& layers, LONG body, LONG edge, LONG shadow) {
     AxisExtents axis;
     axis.body.length = body;
-    axis.edge = edge > 0 ? Extent{EdgeOffset(info), edge} : Extent{};
-    axis.shadow = shadow > 0 ? Extent{ShadowOffset(info), shadow} : Extent{};
+    axis.edge = edge > 0 ? Extent{layers.edge.offset, edge} : Extent{};
+    axis.shadow = shadow > 0 ? Extent{layers.shadow.offset, shadow} : Extent{};
     axis.RaiseToZero(axis.shadow);
     axis.RaiseToZero(axis.edge);
     // Layers that were not made have been moved along.
@@ -57,33 +59,19 @@ CBox BoxOf(const Extent& x, const Extent& y) {
 
 }  // namespace
 
-Arrangement Arrange(const tagKVBWDRAWINFO& info, const Layers& layers) {
-    const CSize body = layers.body.picture.GetWH();
-    const CSize edge = layers.edge.made ? layers.edge.picture.GetWH() : CSize();
-    const CSize shadow = layers.shadow.made ? layers.shadow.picture.GetWH() : CSize();
-    const AxisExtents x = ArrangeAxis(info, body.cx, edge.cx, shadow.cx);
-    const AxisExtents y = ArrangeAxis(info, body.cy, edge.cy, shadow.cy);
+Arrangement Arrange(const Layers& layers, CPoint bodyCorner) {
+    const CSize body = layers.body.whole;
+    const CSize edge = layers.edge.whole;
+    const CSize shadow = layers.shadow.whole;
+    const AxisExtents x = ArrangeAxis(layers, body.cx, edge.cx, shadow.cx);
+    const AxisExtents y = ArrangeAxis(layers, body.cy, edge.cy, shadow.cy);
     Arrangement arranged;
     arranged.body = BoxOf(x.body, y.body);
     arranged.edge = BoxOf(x.edge, y.edge);
     arranged.shadow = BoxOf(x.shadow, y.shadow);
-    arranged.area = BoxOf({info.Pos_X - x.body.start, x.FurthestEnd()},
-                          {info.Pos_Y - y.body.start, y.FurthestEnd()});
+    arranged.area = BoxOf({bodyCorner.x - x.body.start, x.FurthestEnd()},
+                          {bodyCorner.y - y.body.start, y.FurthestEnd()});
     return arranged;
-}
-
-void StackAnew(CKVFrameBuffer& fb, const tagKVBWDRAWINFO& info, const Layers& layers,
-               const Arrangement& arranged, const CBox& window) {
-    fb.DeleteFrameBuffer();
-    fb.CreateFrameBuffer(window.width, window.height, 1);
-    const auto place = [&](const Layer& layer, const CBox& box) {
-        if (layer.made) {
-            PlaceLayer(info, layer, fb, {box.x - window.x, box.y - window.y}, nullptr);
-        }
-    };
-    place(layers.shadow, arranged.shadow);
-    place(layers.edge, arranged.edge);
-    place(layers.body, arranged.body);
 }
 
 }  // namespace kv

@@ -17,19 +17,16 @@ struct Arrangement {
     /// The area as seen from within.
     CBox Whole() const { return {CPoint(0, 0), area.Size()}; }
 
-    void Report(CBox& eriaOut, CBox& bodyOut, CBox& edgeOut, CBox& shadowOut) const {
-        eriaOut = area;
+    /// Gives each box to the interface's own.
+    void CopyTo(CBox& areaOut, CBox& bodyOut, CBox& edgeOut, CBox& shadowOut) const {
+        areaOut = area;
         bodyOut = body;
         edgeOut = edge;
         shadowOut = shadow;
     }
 };
 
-Arrangement Arrange(const tagKVBWDRAWINFO& info, const Layers& layers);
-
-/// Replaces fb by a new surface of the window's size (empty when it cannot be had) and stacks the
-/// layers in it. The window lies in the arrangement's own coordinates; what is outside is cut.
-void StackAnew(CKVFrameBuffer& fb, const tagKVBWDRAWINFO& info, const Layers& layers,
-               const Arrangement& arranged, const CBox& window);
+/// The arrangement of layers whose body's corner lies at the given point of the scene.
+Arrangement Arrange(const Layers& layers, CPoint bodyCorner);
 
 }  // namespace kv

@@ -1,7 +1,9 @@
+// A picture as the body of a render.
+
 #include "effect/image_edge.h"
 
 #include "base/vector.h"
-#include "effect/arrangement.h"
+#include "surface/store_result.h"
 
 namespace {
 
@@ -19,25 +21,14 @@ KV_TARGET_AVX2 void KeysAvx2(const DWORD* pixels, BYTE* keys, std::size_t count)
     KeysBody(pixels, keys, count);
 }
 
-// The layers of a picture: it is the body, its keys are the coverage. What cannot be had is left
-// out. All of the source is taken here, so that it may be the target as well.
-void MakeImageLayers(tagKVBWDRAWINFO& info, const CKVFrameBuffer& source, kv::Layers& layers) {
-    kv::KeysToCoverage(source, layers.body.coverage);
-    layers.body.picture = source;
-    layers.body.made = true;
-    kv::MakeEdgeAndShadow(info, layers);
-}
-
 }  // namespace
 
-namespace kv {
-
-bool KeysToCoverage(const CKVFrameBuffer& picture, CKVGrayBitmap& coverage) {
-    constexpr int kNoSize = 4;
+kv::Outcome kv::TakeKeys(const CKVFrameBuffer& picture, CKVGrayBitmap& coverage) {
     coverage.Delete();
-    const int created = coverage.Create(picture.m_Width, picture.m_Height);
-    if (created != 0) {
-        return created == kNoSize;  // an empty picture has no keys
+    const int result = coverage.Create(picture.m_Width, picture.m_Height);
+    const Outcome created = MadeStore(result, picture.m_Size / sizeof(DWORD));
+    if (coverage.Bits == nullptr) {
+        return created;
     }
     auto* const copyKeys = ForLevel(KeysPlain, KeysAvx2);
     const std::size_t width = picture.GetWidth();
@@ -45,17 +36,13 @@ bool KeysToCoverage(const CKVFrameBuffer& picture, CKVGrayBitmap& coverage) {
         copyKeys(picture.GetBufferDWord() + row * width, coverage.Bits + row * coverage.Pitch,
                  width);
     }
-    return true;
+    return created;
 }
 
-void SetImage(CKVFrameBuffer& fb, tagKVBWDRAWINFO& info, const CKVFrameBuffer& source,
-              PictureSize size, CBox& eria, CBox& body, CBox& edge, CBox& shad) {
-    Layers layers;
-    MakeImageLayers(info, source, layers);
-    const Arrangement arranged = Arrange(info, layers);
-    StackAnew(fb, info, layers, arranged,
-              size == PictureSize::kToFit ? arranged.Whole() : arranged.body);
-    arranged.Report(eria, body, edge, shad);
+void kv::TakePicture(const CKVFrameBuffer& source, Layer& body) {
+    const Outcome keys = TakeKeys(source, body.coverage);
+    body.picture = source;
+    body.whole = body.picture.GetWH();
+    body.outcome = Outcome::DoneDespite(
+        source.IsBuffer() == 0 && body.picture.IsBuffer() != 0 ? Cause::kNoMemory : keys.Why());
 }
-
-}  // namespace kv

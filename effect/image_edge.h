@@ -1,20 +1,20 @@
 #pragma once
 
-#include <CBox.h>
 #include <CKVFrameBuffer.h>
 #include <CKVGrayBitmap.h>
-#include <KVDrawInfo.h>
 
-// Edge and shadow around what a picture's keys show.
+#include "base/outcome.h"
+#include "effect/layers.h"
+
+// A picture as the body of a render: edge and shadow go around what its keys show.
 namespace kv {
 
-/// Copies a picture's keys: CKVBwDraw::KeyToGray. False when memory runs out.
-bool KeysToCoverage(const CKVFrameBuffer& picture, CKVGrayBitmap& coverage);
+/// Makes the coverage the picture's keys, replacing what it held. An empty picture leaves it empty
+/// and is no failure.
+Outcome TakeKeys(const CKVFrameBuffer& picture, CKVGrayBitmap& coverage);
 
-enum class PictureSize { kToFit, kOfSource };
-
-/// CKVBwDraw::SetImgEdgeShadow and, in the source's size, SetFullImgEdgeShadow.
-void SetImage(CKVFrameBuffer& fb, tagKVBWDRAWINFO& info, const CKVFrameBuffer& source,
-              PictureSize size, CBox& eria, CBox& body, CBox& edge, CBox& shad);
+/// Makes the picture a body, with its keys as coverage. What memory does not suffice for is left
+/// empty. All of the picture is taken here, so that it may be the target as well.
+void TakePicture(const CKVFrameBuffer& source, Layer& body);
 
 }  // namespace kv

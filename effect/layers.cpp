@@ -1,88 +1,91 @@
-#include "effect/layers.h"
+// The layers that a record asks for, each made from the one that it lies around.
 
-#include <limits>
+#include "effect/layers.h"
 
 #include "effect/coverage/edge.h"
 #include "effect/coverage/grown.h"
 #include "effect/coverage/shadow.h"
-#include "effect/paint/paint.h"
 
 namespace kv {
 namespace {
 
-bool PaintLayer(const tagMAPINFO& paint, Layer& layer) {
-    return PaintByMap(layer.coverage, layer.picture, paint);
+// The coverage stands.
+Outcome PaintLayer(Layer& layer) {
+    if (!layer.paint) {
+        return Cause::kBadArgument;
+    }
+    const Outcome painted = Paint(*layer.paint, layer.coverage, layer.picture);
+    if (painted) {
+        layer.whole = layer.picture.GetWH();
+    }
+    return painted;
 }
 
 // No use in growing a coverage whose picture could not be made.
 bool FitsSurface(GrownSize size) {
-    constexpr std::int64_t kMostPixels = std::numeric_limits<DWORD>::max() / 4;
-    return size.width <= kMostPixels && size.height <= kMostPixels / size.width;
+    constexpr std::int64_t kMaxPixels = kMaxStoreBytes / sizeof(DWORD);
+    return size.width <= kMaxPixels && size.height <= kMaxPixels / size.width;
 }
 
-void AddEdge(tagKVBWDRAWINFO& info, Layers& layers) {
-    const LONG radius = info.EdgeType_Size;
-    const CKVGrayBitmap& body = layers.body.coverage;
-    const GrownSize size = Grown(body, std::int64_t{2} * radius);
-    if (radius < 1 || body.Bits == nullptr || !FitsSurface(size)) {
-        return;
+Outcome MakeEdgeLayer(const Edge& edge, const CKVGrayBitmap& source, Layer& layer) {
+    if (edge.radius < 1 || source.Bits == nullptr) {
+        return Cause::kNothingToDraw;
     }
-    const tagMAPINFO paint{info.EdgeMode, &info.EdgeCol, &info.EdgeGrad, &info.EdgeText};
-    layers.edge.made = MakeEdge(info.EdgeType_Type, radius, body, layers.edge.coverage) &&
-                       PaintLayer(paint, layers.edge);
+    if (!FitsSurface(Grown(source, EdgeGrowth(edge)))) {
+        return Cause::kTooLarge;
+    }
+    const Outcome made = MakeEdge(edge, source, layer.coverage);
+    return made ? PaintLayer(layer) : made;
 }
 
-void AddShadow(tagKVBWDRAWINFO& info, Layers& layers) {
-    const CKVGrayBitmap& source = layers.edge.made ? layers.edge.coverage : layers.body.coverage;
-    const std::int64_t growth =
-        ShadowGrowth(info.ShadType_Type, info.ShadType_Size, info.ShadType_SoftSize);
-    if (info.ShadType_Size == 0 || source.Bits == nullptr || growth < 0 ||
-        !FitsSurface(Grown(source, growth))) {
-        return;
+Outcome MakeShadowLayer(const Shadow& shadow, const CKVGrayBitmap& source, Layer& layer) {
+    if (shadow.distance == 0 || source.Bits == nullptr) {
+        return Cause::kNothingToDraw;
     }
-    const tagMAPINFO paint{info.ShadMode, &info.ShadCol, &info.ShadGrad, &info.ShadText};
-    layers.shadow.made = MakeShadow(info.ShadType_Type, info.ShadType_Size, info.ShadType_SoftSize,
-                                    source, layers.shadow.coverage) &&
-                         PaintLayer(paint, layers.shadow);
+    const std::int64_t growth = FormOf(shadow).growth(shadow);
+    if (growth >= 0 && !FitsSurface(Grown(source, growth))) {
+        return Cause::kTooLarge;
+    }
+    const Outcome cast = CastShadow(shadow, source, layer.coverage);
+    return cast ? PaintLayer(layer) : cast;
 }
 
 }  // namespace
 
-std::int64_t EdgeOffset(const tagKVBWDRAWINFO& info) {
-    return -std::int64_t{info.EdgeType_Size};
-}
-
-// An extrusion to the lower right starts at the shape. One to the upper left is moved by its whole
-// length, so that it ends there.
-std::int64_t ShadowOffset(const tagKVBWDRAWINFO& info) {
-    const LONG size = info.ShadType_Size;
-    const LONG distance = info.ShadType_Type == kExtrudedShadow && size >= 0 ? 0 : size;
-    return std::int64_t{distance} - info.EdgeType_Size;
-}
-
-bool MakeLayers(tagKVBWDRAWINFO& info, Layers& layers) {
-    const tagMAPINFO paint{info.BodyMode, &info.BodyCol, &info.BodyGrad, &info.BodyText};
-    layers.body.made = PaintLayer(paint, layers.body);
-    if (layers.body.made) {
-        MakeEdgeAndShadow(info, layers);
+Outcome Layers::Summary() const {
+    if (!body.outcome) {
+        return body.outcome;
     }
-    return layers.body.made;
-}
-
-void MakeEdgeAndShadow(tagKVBWDRAWINFO& info, Layers& layers) {
-    AddEdge(info, layers);
-    AddShadow(info, layers);
-}
-
-void PlaceLayer(const tagKVBWDRAWINFO& info, const Layer& layer, CKVFrameBuffer& target,
-                CPoint corner, CBox* box) {
-    const CSize size = layer.picture.GetWH();
-    if (info.ShadType_SoftPen != 0) {
-        target.FbCopyMask(&layer.picture, &layer.coverage, 0, 0, size.cx, size.cy, corner.x,
-                          corner.y, box);
-    } else {
-        target.FbCopy(&layer.picture, 0, 0, size.cx, size.cy, corner.x, corner.y, 1, box);
+    for (const Layer* layer : {static_cast<const Layer*>(&body), &edge, &shadow}) {
+        const Cause cause = layer->outcome.Why();
+        if (cause != Cause::kNone && cause != Cause::kNothingToDraw) {
+            return Outcome::DoneDespite(cause);
+        }
     }
+    return {};
+}
+
+void MakeLayers(const tagKVBWDRAWINFO& info, Layers& layers) {
+    auto& [body, edge, shadow] = layers;
+    if (!body.outcome) {
+        body.paint = SourceOf(info.BodyMode, &info.BodyCol, &info.BodyGrad, &info.BodyText);
+        body.outcome = PaintLayer(body);
+    }
+    if (!body.outcome) {
+        return;
+    }
+
+    const Edge edgeForm{info.EdgeType_Type, info.EdgeType_Size};
+    edge.paint = SourceOf(info.EdgeMode, &info.EdgeCol, &info.EdgeGrad, &info.EdgeText);
+    edge.offset = EdgeOffset(edgeForm);
+    edge.outcome = MakeEdgeLayer(edgeForm, body.coverage, edge);
+
+    // A shadow's place is told from the edge's, whether there is an edge or not.
+    const Shadow shadowForm{info.ShadType_Type, info.ShadType_Size, info.ShadType_SoftSize};
+    shadow.paint = SourceOf(info.ShadMode, &info.ShadCol, &info.ShadGrad, &info.ShadText);
+    shadow.offset = edge.offset + FormOf(shadowForm).offset(shadowForm);
+    shadow.outcome =
+        MakeShadowLayer(shadowForm, edge.outcome ? edge.coverage : body.coverage, shadow);
 }
 
 }  // namespace kv

@@ -1,41 +1,38 @@
 #pragma once
 
-#include <CBox.h>
+#include <optional>
+
 #include <CKVFrameBuffer.h>
 #include <CKVGrayBitmap.h>
 #include <KVDrawInfo.h>
 
+#include "base/outcome.h"
+#include "effect/paint/paint.h"
+
 namespace kv {
 
-/// One part of a picture: where it is and what it looks like, of one size.
+/// One part of a picture: where it is and what it is painted with.
 struct Layer {
     CKVGrayBitmap coverage;
-    CKVFrameBuffer picture;
-    bool made = false;
+    std::optional<PaintSource> paint;         ///< none where the record names no kind of paint
+    CSize whole;                              ///< pixels; 0 unless the layer was made
+    std::int64_t offset = 0;                  ///< corner from the body's on both axes, made or not
+    CKVFrameBuffer picture;                   ///< the coverage painted, of the whole size
+    Outcome outcome = Cause::kNothingToDraw;  ///< whether the layer was made
 };
 
 /// What a render stacks, for the length of one call.
 struct Layers {
-    Layer shadow;
-    Layer edge;
-    Layer body;
+    Layer& body;
+    Layer edge{};
+    Layer shadow{};
+
+    /// Done when there is a body, with the first cause for which anything else is missing.
+    Outcome Summary() const;
 };
 
-/// Where a layer's corner lies from the body's on both axes, by the record as stored, made or not.
-std::int64_t EdgeOffset(const tagKVBWDRAWINFO& info);
-std::int64_t ShadowOffset(const tagKVBWDRAWINFO& info);
-
-/// Paints the body, whose coverage stands, then makes edge and shadow as far as they can be. False
-/// when there is no body.
-bool MakeLayers(tagKVBWDRAWINFO& info, Layers& layers);
-
-/// The edge and the shadow around a body coverage that stands already.
-void MakeEdgeAndShadow(tagKVBWDRAWINFO& info, Layers& layers);
-
-/// Composites a whole layer into the target, its corner at the given point: through its coverage or
-/// by its key, as the record's ShadType_SoftPen tells. A null box is allowed; a box stays as it is
-/// when nothing of the layer lies in the target.
-void PlaceLayer(const tagKVBWDRAWINFO& info, const Layer& layer, CKVFrameBuffer& target,
-                CPoint corner, CBox* box);
+/// Makes the body, which has its coverage, as far as it is not made already, then the edge and the
+/// shadow around it. Without a body nothing else is made.
+void MakeLayers(const tagKVBWDRAWINFO& info, Layers& layers);
 
 }  // namespace kv

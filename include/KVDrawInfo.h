@@ -5,6 +5,27 @@
 /// The effect parameter records, as every drawing object holds them. Colours are 0xKKRRGGBB with K
 /// the straight opacity key; lengths are final pixels.
 
+namespace kv {
+
+/// What a layer is painted with: the codes of BodyMode, EdgeMode, ShadMode and tagMAPINFO::Mode.
+enum PaintKind : LONG { kColourPaint = 0, kGradientPaint = 1, kTexturePaint = 2 };
+
+/// How a texture lies on its layer: once in the middle, repeated from the top left corner, or
+/// scaled to the layer's size.
+enum TextureMode : LONG { kCentredTexture = 0, kTiledTexture = 1, kScaledTexture = 2 };
+
+/// Any other number is a soft edge.
+enum EdgeType : LONG { kHardEdge = 0 };
+
+/// Any number that is not here is a flat shadow.
+enum ShadowType : LONG {
+    kFlatShadow = 0,      ///< a copy of what casts it
+    kExtrudedShadow = 1,  ///< 3D: smeared along the diagonal from what casts it on
+    kSoftShadow = 2       ///< its soft edge
+};
+
+}  // namespace kv
+
 /// A two-colour gradient.
 struct tagGRADINFO {
     LONG Mode;    ///< stored and read back; painting does not read it
@@ -17,7 +38,7 @@ struct tagGRADINFO {
 
 /// A texture from an image file.
 struct tagTEXTUREINFO {
-    LONG Mode;         ///< 0 once and centred, 1 tiled from the top left, 2 scaled to the layer
+    LONG Mode;         ///< kv::TextureMode; another number leaves the layer empty
     const char* File;  ///< path of the image; who owns it depends on the record's holder
 };
 
@@ -26,30 +47,30 @@ struct tagKVBWDRAWINFO {
     LONG AntiScale;           ///< enlargement of the mask along each axis: 1, 4, 8 or 16
     LONG Pos_X;               ///< frame-buffer column of the body layer's top left pixel
     LONG Pos_Y;               ///< frame-buffer row of the same pixel
-    LONG EdgeType_Type;       ///< 0 hard edge, anything else soft edge
+    LONG EdgeType_Type;       ///< kv::EdgeType
     LONG EdgeType_Size;       ///< edge radius; 0 and below: no edge
     LONG EdgeType_SoftPen;    ///< stored; the soft edge does not depend on it
-    LONG ShadType_Type;       ///< 0 flat, 1 3D, 2 soft; anything else acts as 0
+    LONG ShadType_Type;       ///< kv::ShadowType
     LONG ShadType_Size;       ///< diagonal distance on both axes, signed; 0: no shadow
-    LONG ShadType_SoftSize;   ///< radius of the soft shadow (type 2); negative: none
+    LONG ShadType_SoftSize;   ///< radius of the soft shadow; negative: none
     LONG ShadType_SoftPen;    ///< non-zero: every layer goes in through its coverage
-    LONG BodyMode;            ///< paint of the body: 0 colour, 1 gradient, 2 texture
-    LONG EdgeMode;            ///< paint of the edge, same codes
-    LONG ShadMode;            ///< paint of the shadow, same codes
-    DWORD BodyCol;            ///< body colour for mode 0
-    DWORD EdgeCol;            ///< edge colour for mode 0
-    DWORD ShadCol;            ///< shadow colour for mode 0
-    tagGRADINFO BodyGrad;     ///< body gradient for mode 1
-    tagGRADINFO EdgeGrad;     ///< edge gradient for mode 1
-    tagGRADINFO ShadGrad;     ///< shadow gradient for mode 1
-    tagTEXTUREINFO BodyText;  ///< body texture for mode 2
-    tagTEXTUREINFO EdgeText;  ///< edge texture for mode 2
-    tagTEXTUREINFO ShadText;  ///< shadow texture for mode 2
+    LONG BodyMode;            ///< paint of the body, a kv::PaintKind
+    LONG EdgeMode;            ///< paint of the edge, likewise
+    LONG ShadMode;            ///< paint of the shadow, likewise
+    DWORD BodyCol;            ///< body colour for kv::kColourPaint
+    DWORD EdgeCol;            ///< edge colour for kv::kColourPaint
+    DWORD ShadCol;            ///< shadow colour for kv::kColourPaint
+    tagGRADINFO BodyGrad;     ///< body gradient for kv::kGradientPaint
+    tagGRADINFO EdgeGrad;     ///< edge gradient for kv::kGradientPaint
+    tagGRADINFO ShadGrad;     ///< shadow gradient for kv::kGradientPaint
+    tagTEXTUREINFO BodyText;  ///< body texture for kv::kTexturePaint
+    tagTEXTUREINFO EdgeText;  ///< edge texture for kv::kTexturePaint
+    tagTEXTUREINFO ShadText;  ///< shadow texture for kv::kTexturePaint
 };
 
 /// One paint source. Only the pointer that Mode selects is read; the caller owns all three targets.
 struct tagMAPINFO {
-    LONG Mode;  ///< 0 colour, 1 gradient, 2 texture
+    LONG Mode;  ///< kv::PaintKind
     DWORD* Col;
     tagGRADINFO* Grad;
     tagTEXTUREINFO* Text;

@@ -48,9 +48,12 @@ int CDrawGraph::DrawFrame(CKVFrameBuffer* fb) {
         return 1;
     }
     ConnectAll();
-    kv::Layers layers;
-    if (DrawBody(*this, layers.body.coverage) && fb != nullptr) {
-        kv::DisplayBody(*fb, m_Info, layers, m_DispEria);
+    kv::Layer layer;
+    if (DrawBody(*this, layer.coverage) && fb != nullptr) {
+        const kv::RenderedOnto rendered = kv::RenderOnto(*fb, m_Info, layer);
+        if (rendered.outcome) {
+            m_DispEria = rendered.touched;
+        }
     }
     return 0;
 }
@@ -60,9 +63,13 @@ int CDrawGraph::DrawFrameEria(CKVFrameBuffer* fb, CBox& eria, CBox& body, CBox& 
         return 1;
     }
     ConnectAll();
-    kv::Layers layers;
-    if (DrawBody(*this, layers.body.coverage) && fb != nullptr) {
-        kv::SetBody(*fb, m_Info, layers, m_DispEria, body, edge, shad);
+    kv::Layer layer;
+    if (DrawBody(*this, layer.coverage) && fb != nullptr) {
+        const kv::RenderedAlone rendered =
+            kv::RenderAlone(*fb, m_Info, layer, kv::AloneSize::kToFit);
+        if (rendered.outcome) {
+            rendered.arranged.CopyTo(m_DispEria, body, edge, shad);
+        }
     }
     eria = m_DispEria;
     return 0;

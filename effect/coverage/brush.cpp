@@ -1,3 +1,5 @@
+// A table that falls off around its middle.
+
 #include "effect/coverage/brush.h"
 
 #include <algorithm>

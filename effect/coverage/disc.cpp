@@ -1,3 +1,5 @@
+// The rows of a rasterised disc.
+
 #include "effect/coverage/disc.h"
 
 #include <cmath>

@@ -1,14 +1,16 @@
+// An edge made whole, hard or soft.
+
 #include "effect/coverage/edge.h"
 
 #include "effect/coverage/grown.h"
 
-bool kv::MakeEdge(int type, int radius, const CKVGrayBitmap& source, CKVGrayBitmap& target) {
-    if (radius < 1 || source.Bits == nullptr) {
-        return false;
+kv::Outcome kv::MakeEdge(const Edge& edge, const CKVGrayBitmap& source, CKVGrayBitmap& target) {
+    if (edge.radius < 1 || source.Bits == nullptr) {
+        return Cause::kNothingToDraw;
     }
-    target.Delete();
-    if (!CreateGrown(target, Grown(source, std::int64_t{2} * radius))) {
-        return false;
+    if (const Outcome created = CreateGrown(target, source, EdgeGrowth(edge)); !created) {
+        return created;
     }
-    return type == 0 ? AddHardEdge(radius, source, target) : AddSoftEdge(radius, source, target);
+    return edge.type == kHardEdge ? GrowHard(edge.radius, source, target)
+                                  : GrowSoft(edge.radius, source, target);
 }

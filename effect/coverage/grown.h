@@ -1,6 +1,10 @@
 #pragma once
 
+#include <limits>
+
 #include <CKVGrayBitmap.h>
+
+#include "surface/store_result.h"
 
 namespace kv {
 
@@ -15,11 +19,22 @@ inline GrownSize Grown(const CKVGrayBitmap& source, std::int64_t by) {
     return {source.Pitch + by, source.Height + by};
 }
 
-/// Creates the coverage in target, which must be empty; false when it cannot be made.
-inline bool CreateGrown(CKVGrayBitmap& target, GrownSize size) {
-    const auto width = static_cast<LONG>(size.width);
-    const auto height = static_cast<LONG>(size.height);
-    return width == size.width && height == size.height && target.Create(width, height) == 0;
+/// Replaces what target held by a coverage of 0 that is grown from the source, which has pixels.
+/// Fails with the target unchanged when it is the source.
+inline Outcome CreateGrown(CKVGrayBitmap& target, const CKVGrayBitmap& source, std::int64_t by) {
+    if (&target == &source) {
+        return Cause::kBadArgument;
+    }
+    target.Delete();
+    const GrownSize size = Grown(source, by);
+    constexpr std::int64_t kMaxSide = std::numeric_limits<LONG>::max();
+    if (size.width > kMaxSide || size.height > kMaxSide) {
+        return Cause::kTooLarge;
+    }
+    const int created =
+        target.Create(static_cast<LONG>(size.width), static_cast<LONG>(size.height));
+    return MadeStore(
+        created, static_cast<std::uint64_t>(size.width) * static_cast<std::uint64_t>(size.height));
 }
 
 /// True if target has room for by more columns and rows than the source has.

@@ -153,9 +153,9 @@ KV_TARGET_AVX2 void DilateAvx2(const Dilation& job) {
 
 }  // namespace
 
-bool kv::AddHardEdge(int radius, const CKVGrayBitmap& source, CKVGrayBitmap& target) {
+kv::Outcome kv::GrowHard(LONG radius, const CKVGrayBitmap& source, CKVGrayBitmap& target) {
     if (radius < 0 || !HasRoom(target, source, std::int64_t{2} * radius)) {
-        return false;
+        return Cause::kBadArgument;
     }
     const auto reach = static_cast<std::size_t>(radius);
     const std::size_t ringRows = std::bit_ceil(2 * reach + 1);
@@ -163,7 +163,7 @@ bool kv::AddHardEdge(int radius, const CKVGrayBitmap& source, CKVGrayBitmap& tar
     const auto ring = Scratch<BYTE>(ringRows * kStripe);
     const auto window = Scratch<BYTE>(kStripe + 2 * reach);
     if (halfWidths == nullptr || ring == nullptr || window == nullptr) {
-        return false;
+        return Cause::kNoMemory;
     }
     DiscHalfWidths(radius, halfWidths.get());
     ForLevel(DilatePlain, DilateAvx2)({.source = &source,
@@ -173,5 +173,5 @@ bool kv::AddHardEdge(int radius, const CKVGrayBitmap& source, CKVGrayBitmap& tar
                                        .ring = ring.get(),
                                        .ringMask = ringRows - 1,
                                        .window = window.get()});
-    return true;
+    return {};
 }

@@ -8,6 +8,7 @@
 
 #include "base/scale.h"
 #include "base/vector.h"
+#include "surface/store_result.h"
 
 namespace kv {
 namespace {
@@ -181,28 +182,28 @@ ReduceRow* ReductionFor(int scale) {
     }
 }
 
-bool ReduceMask(int scale, const CKVMonoBitmap& mask, CKVGrayBitmap& coverage) {
-    constexpr int kNoSize = 4;
+Outcome Reduce(int scale, const CKVMonoBitmap& mask, CKVGrayBitmap& coverage) {
     coverage.Delete();
     ReduceRow* const reduce = ReductionFor(scale);
     if (reduce == nullptr) {
-        return false;
+        return Cause::kBadArgument;
     }
     const auto side = static_cast<std::size_t>(scale);
     const std::size_t width = std::size_t{mask.Pitch} * 8 / side;
     const LONG height = mask.Bits != nullptr ? mask.Height / scale : 0;
     if (width > std::numeric_limits<LONG>::max()) {
-        return false;
+        return Cause::kTooLarge;
     }
-    const int created = coverage.Create(static_cast<LONG>(width), height);
-    if (created != 0) {
-        return created == kNoSize;  // nothing to reduce is no failure, no memory is one
+    const int result = coverage.Create(static_cast<LONG>(width), height);
+    const Outcome created = MadeStore(result, width * static_cast<std::uint64_t>(height));
+    if (coverage.Bits == nullptr) {
+        return created;
     }
     for (std::size_t row = 0; row < static_cast<std::size_t>(height); ++row) {
         reduce(mask.Bits + row * side * mask.Pitch, mask.Pitch, width * side / 8,
                coverage.Bits + row * coverage.Pitch);
     }
-    return true;
+    return created;
 }
 
 }  // namespace kv

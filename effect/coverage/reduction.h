@@ -5,6 +5,8 @@
 #include <CKVGrayBitmap.h>
 #include <CKVMonoBitmap.h>
 
+#include "base/outcome.h"
+
 namespace kv {
 
 /// Reduces scale (1, 4, 8 or 16) mask rows, the first at mask and pitch bytes apart, to one row of
@@ -16,8 +18,8 @@ using ReduceRow = void(const BYTE* mask, std::size_t pitch, std::size_t bytes, B
 /// The reduction for a scale, null for a scale that the pipeline does not know.
 ReduceRow* ReductionFor(int scale);
 
-/// Reduces a whole mask, replacing what the coverage held: CKVBwDraw::MakeAntiGray. False, with an
-/// empty coverage, for an unknown scale and when there is no memory.
-bool ReduceMask(int scale, const CKVMonoBitmap& mask, CKVGrayBitmap& coverage);
+/// Reduces a whole mask, replacing what the coverage held. A mask smaller than one pixel leaves an
+/// empty coverage and is no failure; an unknown scale and no memory leave one, too.
+Outcome Reduce(int scale, const CKVMonoBitmap& mask, CKVGrayBitmap& coverage);
 
 }  // namespace kv

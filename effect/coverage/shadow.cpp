@@ -1,8 +1,11 @@
+// Shadows: a row for each type, and the smearing that extrusions are made by.
+
 #include "effect/coverage/shadow.h"
 
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <iterator>
 
 #include "base/vector.h"
 #include "effect/coverage/edge.h"
@@ -57,42 +60,95 @@ void MakeSmeared(const CKVGrayBitmap& source, std::size_t steps, CKVGrayBitmap& 
     SmearDiagonally(target, width, height, steps);
 }
 
+std::int64_t NoGrowth(const kv::Shadow& /*shadow*/) {
+    return 0;
+}
+
+std::int64_t Distance(const kv::Shadow& shadow) {
+    return shadow.distance;
+}
+
 // Target is of the source's size; the pad bytes come over too.
-void CopyGivingWay(const CKVGrayBitmap& source, CKVGrayBitmap& target) {
+kv::Outcome CopyRows(const kv::Shadow& /*shadow*/, const CKVGrayBitmap& source,
+                     CKVGrayBitmap& target) {
     for (std::size_t row = 0; row < static_cast<std::size_t>(source.Height); ++row) {
         std::memcpy(target.Bits + row * target.Pitch, source.Bits + row * source.Pitch,
                     source.Pitch);
         kv::GiveWay();
     }
+    return {};
 }
+
+std::int64_t Length(const kv::Shadow& shadow) {
+    return std::abs(std::int64_t{shadow.distance});
+}
+
+// An extrusion to the lower right starts at what casts it. One to the upper left is moved by its
+// whole length, so that it ends there.
+std::int64_t ExtrusionOffset(const kv::Shadow& shadow) {
+    return std::min<std::int64_t>(shadow.distance, 0);
+}
+
+kv::Outcome MakeExtrusion(const kv::Shadow& shadow, const CKVGrayBitmap& source,
+                          CKVGrayBitmap& target) {
+    if (shadow.distance != 0) {
+        MakeSmeared(source, static_cast<std::size_t>(Length(shadow)), target);
+    }
+    return {};
+}
+
+std::int64_t BothRadii(const kv::Shadow& shadow) {
+    return std::int64_t{2} * shadow.softRadius;
+}
+
+kv::Outcome MakeSoft(const kv::Shadow& shadow, const CKVGrayBitmap& source, CKVGrayBitmap& target) {
+    return kv::GrowSoft(shadow.softRadius, source, target);
+}
+
+// By type. The radius of a soft shadow has no part in where it lies.
+constexpr kv::ShadowForm kForms[] = {
+    {.growth = NoGrowth, .offset = Distance, .make = CopyRows},
+    {.growth = Length, .offset = ExtrusionOffset, .make = MakeExtrusion},
+    {.growth = BothRadii, .offset = Distance, .make = MakeSoft},
+};
 
 }  // namespace
 
-std::int64_t kv::ShadowGrowth(LONG type, LONG size, LONG softSize) {
-    switch (type) {
-        case kExtrudedShadow:
-            return std::abs(std::int64_t{size});
-        case kSoftShadow:
-            return std::int64_t{2} * softSize;
-        default:
-            return 0;
-    }
+const kv::ShadowForm& kv::FormOf(const Shadow& shadow) {
+    const bool known = shadow.type >= 0 && shadow.type < std::ssize(kForms);
+    return kForms[known ? shadow.type : kFlatShadow];
 }
 
-bool kv::AddExtrusion(LONG steps, const CKVGrayBitmap& source, CKVGrayBitmap& target) {
+kv::Outcome kv::CastShadow(const Shadow& shadow, const CKVGrayBitmap& source,
+                           CKVGrayBitmap& target) {
+    if (source.Bits == nullptr) {
+        return Cause::kNothingToDraw;
+    }
+    const ShadowForm& form = FormOf(shadow);
+    const std::int64_t growth = form.growth(shadow);
+    if (growth < 0) {
+        return Cause::kBadArgument;
+    }
+    if (const Outcome created = CreateGrown(target, source, growth); !created) {
+        return created;
+    }
+    return form.make(shadow, source, target);
+}
+
+kv::Outcome kv::Extrude(LONG steps, const CKVGrayBitmap& source, CKVGrayBitmap& target) {
     if (steps < 1) {
-        return true;
+        return {};
     }
     if (!HasRoom(target, source, std::int64_t{steps} - 1)) {
-        return false;
+        return Cause::kBadArgument;
     }
     if (source.Bits == nullptr) {
-        return true;
+        return {};
     }
     // What the target holds already is not to be smeared.
     CKVGrayBitmap smeared;
-    if (!CreateGrown(smeared, Grown(source, steps))) {
-        return false;
+    if (const Outcome created = CreateGrown(smeared, source, steps); !created) {
+        return created;
     }
     const auto count = static_cast<std::size_t>(steps);
     MakeSmeared(source, count, smeared);
@@ -102,26 +158,5 @@ bool kv::AddExtrusion(LONG steps, const CKVGrayBitmap& source, CKVGrayBitmap& ta
     for (std::size_t row = 0; row < height; ++row) {
         keepMax(target.Bits + row * target.Pitch, smeared.Bits + row * smeared.Pitch, width);
     }
-    return true;
-}
-
-bool kv::MakeShadow(LONG type, LONG size, LONG softSize, const CKVGrayBitmap& source,
-                    CKVGrayBitmap& target) {
-    const std::int64_t growth = ShadowGrowth(type, size, softSize);
-    if (source.Bits == nullptr || growth < 0) {
-        return false;
-    }
-    target.Delete();
-    if (!CreateGrown(target, Grown(source, growth))) {
-        return false;
-    }
-    if (type == kSoftShadow) {
-        return AddSoftEdge(softSize, source, target);
-    }
-    if (type != kExtrudedShadow) {
-        CopyGivingWay(source, target);
-    } else if (growth > 0) {
-        MakeSmeared(source, static_cast<std::size_t>(growth), target);
-    }
-    return true;
+    return {};
 }

@@ -1,3 +1,5 @@
+// The soft edge: a distance transform and a function of the distance.
+
 #include <algorithm>
 #include <cstring>
 
@@ -61,7 +63,7 @@ KV_TARGET_AVX2 void NearerAvx2(const Distance* above, const Distance* below, Dis
 
 // Radius at least 1; target has room.
 template <typename Rows>
-bool AddBy(int size, const CKVGrayBitmap& source, CKVGrayBitmap& target) {
+kv::Outcome AddBy(int size, const CKVGrayBitmap& source, CKVGrayBitmap& target) {
     using Distance = typename Rows::Distance;
     const auto width = static_cast<std::size_t>(source.Width);
     const auto height = static_cast<std::size_t>(source.Height);
@@ -73,7 +75,7 @@ bool AddBy(int size, const CKVGrayBitmap& source, CKVGrayBitmap& target) {
     // beneath, then the same upwards for the row in hand, then the nearer of the two.
     const auto memory = kv::Scratch<Distance>(width * (height + 3));
     if (memory == nullptr || !rows.Prepare(size, width)) {
-        return false;
+        return kv::Cause::kNoMemory;
     }
     Distance* const below = memory.get();
     Distance* const none = below + width * height;
@@ -102,18 +104,18 @@ bool AddBy(int size, const CKVGrayBitmap& source, CKVGrayBitmap& target) {
         }
         rows.Add(nearer, out);
     }
-    return true;
+    return {};
 }
 
 }  // namespace
 
-bool kv::AddSoftEdge(int radius, const CKVGrayBitmap& source, CKVGrayBitmap& target) {
+kv::Outcome kv::GrowSoft(LONG radius, const CKVGrayBitmap& source, CKVGrayBitmap& target) {
     if (radius < 0 || radius > FarSoftRows::kLargestRadius ||
         !HasRoom(target, source, std::int64_t{2} * radius)) {
-        return false;
+        return Cause::kBadArgument;
     }
     if (radius == 0) {
-        return true;  // a disc without a positive weight
+        return {};  // a disc without a positive weight
     }
     return radius <= NearSoftRows::kLargestRadius ? AddBy<NearSoftRows>(radius, source, target)
                                                   : AddBy<FarSoftRows>(radius, source, target);

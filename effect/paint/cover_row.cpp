@@ -5,6 +5,7 @@
 #include <type_traits>
 
 #include "base/vector.h"
+#include "surface/store_result.h"
 
 namespace {
 
@@ -78,11 +79,10 @@ KV_TARGET_AVX2 void CoverAvx2(const BYTE* coverage, std::size_t count, DWORD* pi
 
 }  // namespace
 
-bool kv::MakeLayerSurface(const CKVGrayBitmap& gray, CKVFrameBuffer& fb) {
-    constexpr int kNoSize = 4;
+kv::Outcome kv::MakeLayerSurface(const CKVGrayBitmap& gray, CKVFrameBuffer& fb) {
     fb.DeleteFrameBuffer();
-    const int created = fb.CreateFrameBuffer(gray.Width, gray.Height, 0);
-    return created == 0 || created == kNoSize;
+    const int result = fb.CreateFrameBuffer(gray.Width, gray.Height, 0);
+    return MadeStore(result, std::uint64_t{gray.Size} * sizeof(DWORD));
 }
 
 void kv::CoverRow(const BYTE* coverage, DWORD* pixels, std::size_t count) {

@@ -2,16 +2,31 @@
 
 #include "effect/paint/paint.h"
 
-bool kv::PaintByMap(const CKVGrayBitmap& gray, CKVFrameBuffer& fb, const tagMAPINFO& map) {
-    enum Paint : LONG { kColour = 0, kGradient = 1, kTexture = 2 };
-    switch (map.Mode) {
-        case kColour:
-            return map.Col != nullptr && PaintColour(gray, fb, *map.Col);
-        case kGradient:
-            return map.Grad != nullptr && PaintGradient(gray, fb, *map.Grad);
-        case kTexture:
-            return map.Text != nullptr && PaintTexture(gray, fb, *map.Text);
-        default:
-            return false;
-    }
+namespace kv {
+namespace {
+
+template <typename Selected>
+std::optional<PaintSource> ReadWhere(const Selected* selected) {
+    return selected != nullptr ? std::optional<PaintSource>(*selected) : std::nullopt;
 }
+
+}  // namespace
+
+std::optional<PaintSource> SourceOf(LONG mode, const DWORD* colour, const tagGRADINFO* grad,
+                                    const tagTEXTUREINFO* texture) {
+    switch (PaintKind{mode}) {
+        case kColourPaint:
+            return ReadWhere(colour);
+        case kGradientPaint:
+            return ReadWhere(grad);
+        case kTexturePaint:
+            return ReadWhere(texture);
+    }
+    return std::nullopt;
+}
+
+Outcome Paint(const PaintSource& source, const CKVGrayBitmap& gray, CKVFrameBuffer& fb) {
+    return std::visit([&](const auto& chosen) { return PaintWith(chosen, gray, fb); }, source);
+}
+
+}  // namespace kv

@@ -1,3 +1,5 @@
+// The paint of one colour.
+
 #include "base/vector.h"
 #include "effect/paint/cover_row.h"
 #include "effect/paint/paint.h"
@@ -52,14 +54,15 @@ KV_TARGET_AVX2 void PaintAvx2(const BYTE* coverage, std::size_t count, DWORD col
 
 }  // namespace
 
-bool kv::PaintColour(const CKVGrayBitmap& gray, CKVFrameBuffer& fb, DWORD colour) {
-    if (!MakeLayerSurface(gray, fb)) {
-        return false;
+kv::Outcome kv::PaintWith(DWORD colour, const CKVGrayBitmap& gray, CKVFrameBuffer& fb) {
+    const Outcome made = MakeLayerSurface(gray, fb);
+    if (fb.IsBuffer() != 0) {
+        return made;
     }
     auto* const paint = ForLevel(PaintPlain, PaintAvx2);
     const auto width = static_cast<std::size_t>(gray.Width);
     for (std::size_t row = 0; row < static_cast<std::size_t>(gray.Height); ++row) {
         paint(gray.Bits + row * gray.Pitch, width, colour, fb.GetBufferDWord() + row * width);
     }
-    return true;
+    return made;
 }

@@ -63,13 +63,11 @@ void kv::PaintBareRamp(DWORD* pixels, int width, int height, const tagGRADINFO& 
     }
 }
 
-bool kv::PaintGradient(const CKVGrayBitmap& gray, CKVFrameBuffer& fb, tagGRADINFO grad) {
-    if (!MakeLayerSurface(gray, fb)) {
-        return false;
-    }
+kv::Outcome kv::PaintWith(tagGRADINFO grad, const CKVGrayBitmap& gray, CKVFrameBuffer& fb) {
+    const Outcome made = MakeLayerSurface(gray, fb);
     if (fb.IsBuffer() == 0) {
         PaintRamp(MakeRamp(gray.Width, gray.Height, grad),
                   {fb.GetBufferDWord(), static_cast<std::size_t>(gray.Width), &gray});
     }
-    return true;
+    return made;
 }

@@ -1,3 +1,5 @@
+// The paint of a picture from a file: in the middle, tiled or scaled.
+
 #include <algorithm>
 #include <cstring>
 #include <span>
@@ -57,29 +59,28 @@ void PaintRows(const CKVGrayBitmap& gray, CKVFrameBuffer& layer, const PaintRow&
     }
 }
 
-bool PaintScaled(const CKVGrayBitmap& gray, CKVFrameBuffer& layer, const CKVFrameBuffer& picture) {
+kv::Outcome PaintScaled(const CKVGrayBitmap& gray, CKVFrameBuffer& layer,
+                        const CKVFrameBuffer& picture) {
     if (gray.Bits == nullptr) {
         layer.DeleteFrameBuffer();
-        return true;
+        return kv::Outcome::DoneDespite(kv::Cause::kNothingToDraw);
     }
     if (picture.SizeChange(&layer, gray.Width, gray.Height) != 0) {
-        return false;
+        return kv::Cause::kNoMemory;
     }
     PaintRows(gray, layer, [](Pixels, LONG) {});
-    return true;
+    return {};
 }
 
-bool PaintByRows(const CKVGrayBitmap& gray, CKVFrameBuffer& layer, CKVFrameBuffer& picture,
-                 LONG mode) {
-    if (!kv::MakeLayerSurface(gray, layer)) {
-        return false;
-    }
+kv::Outcome PaintByRows(const CKVGrayBitmap& gray, CKVFrameBuffer& layer, CKVFrameBuffer& picture,
+                        LONG mode) {
+    const kv::Outcome made = kv::MakeLayerSurface(gray, layer);
     PaintRows(gray, layer, [&](Pixels row, LONG y) {
         switch (mode) {
-            case 0:
+            case kv::kCentredTexture:
                 CentreRow(picture, layer.m_Height, y, row);
                 break;
-            case 1:
+            case kv::kTiledTexture:
                 RepeatRow(RowOf(picture, y % picture.m_Height), row);
                 break;
             default:
@@ -87,18 +88,18 @@ bool PaintByRows(const CKVGrayBitmap& gray, CKVFrameBuffer& layer, CKVFrameBuffe
                 break;
         }
     });
-    return true;
+    return made;
 }
 
 }  // namespace
 
-bool kv::PaintTexture(const CKVGrayBitmap& gray, CKVFrameBuffer& fb,
-                      const tagTEXTUREINFO& texture) {
-    constexpr LONG kScaled = 2;
+kv::Outcome kv::PaintWith(const tagTEXTUREINFO& texture, const CKVGrayBitmap& gray,
+                          CKVFrameBuffer& fb) {
     CKVFrameBuffer picture;
-    if (!LoadTexture(texture.File, picture)) {
-        return PaintColour(gray, fb, kBlack);
+    if (const Outcome loaded = LoadTexture(texture.File, picture); !loaded) {
+        const Outcome painted = PaintWith(kBlack, gray, fb);
+        return painted ? Outcome::DoneDespite(loaded.Why()) : painted;
     }
-    return texture.Mode == kScaled ? PaintScaled(gray, fb, picture)
-                                   : PaintByRows(gray, fb, picture, texture.Mode);
+    return texture.Mode == kScaledTexture ? PaintScaled(gray, fb, picture)
+                                          : PaintByRows(gray, fb, picture, texture.Mode);
 }

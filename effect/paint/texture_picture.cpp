@@ -4,6 +4,6 @@
 
 #include <CImgFile.h>
 
-bool kv::LoadTexture(const char* file, CKVFrameBuffer& picture) {
-    return CImgFile::LoadImg(file, &picture, nullptr) == 0;
+kv::Outcome kv::LoadTexture(const char* file, CKVFrameBuffer& picture) {
+    return CImgFile::LoadImg(file, &picture, nullptr) == 0 ? Outcome() : Outcome(Cause::kNoFile);
 }

@@ -2,9 +2,11 @@
 
 #include <CKVFrameBuffer.h>
 
+#include "base/outcome.h"
+
 namespace kv {
 
-/// Reads a picture file of any known format into the surface; false when that fails.
-bool LoadTexture(const char* file, CKVFrameBuffer& picture);
+/// Reads a picture file of any known format into the surface.
+Outcome LoadTexture(const char* file, CKVFrameBuffer& picture);
 
 }  // namespace kv
