@@ -16,7 +16,7 @@ class KVEffectAccess {
     void SetAntiScale(LONG scale) { Record().AntiScale = kv::SnapAntiScale(scale); }
     LONG GetAntiScale() const { return Record().AntiScale; }
 
-    /// Type: 0 hard, else soft. Size: radius, 0 and below for none. The edge's paint stays.
+    /// Type: a kv::EdgeType. Size: radius, 0 and below for none. The edge's paint stays.
     void SetEdgeType(LONG type, LONG size, LONG softPen) {
         Record().EdgeType_Type = type;
         Record().EdgeType_Size = size;
@@ -31,7 +31,7 @@ class KVEffectAccess {
     LONG GetEdgeType_Size() const { return Record().EdgeType_Size; }
     LONG GetEdgeType_SoftPen() const { return Record().EdgeType_SoftPen; }
 
-    /// Type: 0 flat, 1 3D, 2 soft. Size: signed diagonal distance, 0 for none. SoftSize: radius of
+    /// Type: a kv::ShadowType. Size: signed diagonal distance, 0 for none. SoftSize: radius of
     /// the soft form. A non-zero SoftPen sends every layer through its coverage. The paint stays.
     void SetShadType(LONG type, LONG size, LONG softSize, LONG softPen) {
         Record().ShadType_Type = type;
@@ -50,19 +50,19 @@ class KVEffectAccess {
     LONG GetShadType_SoftSize() const { return Record().ShadType_SoftSize; }
     LONG GetShadType_SoftPen() const { return Record().ShadType_SoftPen; }
 
-    /// Paint of the body: 0 colour, 1 gradient, 2 texture.
+    /// Paint of the body, a kv::PaintKind.
     LONG GetBodyMode() const { return Record().BodyMode; }
     /// Sets the colour and selects it as paint.
     void SetBodyCol(DWORD colour) {
         Record().BodyCol = colour;
-        Record().BodyMode = 0;
+        Record().BodyMode = kv::kColourPaint;
     }
     DWORD GetBodyCol() const { return Record().BodyCol; }
     /// Sets the gradient and selects it as paint: mode is stored and has no effect, patern is that
     /// of tagGRADINFO, (x, y) its centre within the layer, col1 the far end, col2 the start.
     void SetBodyGrad(LONG mode, LONG patern, LONG x, LONG y, DWORD col1, DWORD col2) {
         Record().BodyGrad = {mode, patern, x, y, col1, col2};
-        Record().BodyMode = 1;
+        Record().BodyMode = kv::kGradientPaint;
     }
     void GetBodyGrad(LONG* mode, LONG* patern, LONG* x, LONG* y, DWORD* col1, DWORD* col2) const {
         ReadGrad(Record().BodyGrad, mode, patern, x, y, col1, col2);
@@ -75,19 +75,19 @@ class KVEffectAccess {
     DWORD GetBodyGrad_Col2() const { return Record().BodyGrad.Col2; }
     LONG GetBodyText_Mode() const { return Record().BodyText.Mode; }
 
-    /// Paint of the edge: 0 colour, 1 gradient, 2 texture.
+    /// Paint of the edge, a kv::PaintKind.
     LONG GetEdgeMode() const { return Record().EdgeMode; }
     /// Sets the colour and selects it as paint.
     void SetEdgeCol(DWORD colour) {
         Record().EdgeCol = colour;
-        Record().EdgeMode = 0;
+        Record().EdgeMode = kv::kColourPaint;
     }
     DWORD GetEdgeCol() const { return Record().EdgeCol; }
     /// Sets the gradient and selects it as paint: mode is stored and has no effect, patern is that
     /// of tagGRADINFO, (x, y) its centre within the layer, col1 the far end, col2 the start.
     void SetEdgeGrad(LONG mode, LONG patern, LONG x, LONG y, DWORD col1, DWORD col2) {
         Record().EdgeGrad = {mode, patern, x, y, col1, col2};
-        Record().EdgeMode = 1;
+        Record().EdgeMode = kv::kGradientPaint;
     }
     void GetEdgeGrad(LONG* mode, LONG* patern, LONG* x, LONG* y, DWORD* col1, DWORD* col2) const {
         ReadGrad(Record().EdgeGrad, mode, patern, x, y, col1, col2);
@@ -100,19 +100,19 @@ class KVEffectAccess {
     DWORD GetEdgeGrad_Col2() const { return Record().EdgeGrad.Col2; }
     LONG GetEdgeText_Mode() const { return Record().EdgeText.Mode; }
 
-    /// Paint of the shadow: 0 colour, 1 gradient, 2 texture.
+    /// Paint of the shadow, a kv::PaintKind.
     LONG GetShadMode() const { return Record().ShadMode; }
     /// Sets the colour and selects it as paint.
     void SetShadCol(DWORD colour) {
         Record().ShadCol = colour;
-        Record().ShadMode = 0;
+        Record().ShadMode = kv::kColourPaint;
     }
     DWORD GetShadCol() const { return Record().ShadCol; }
     /// Sets the gradient and selects it as paint: mode is stored and has no effect, patern is that
     /// of tagGRADINFO, (x, y) its centre within the layer, col1 the far end, col2 the start.
     void SetShadGrad(LONG mode, LONG patern, LONG x, LONG y, DWORD col1, DWORD col2) {
         Record().ShadGrad = {mode, patern, x, y, col1, col2};
-        Record().ShadMode = 1;
+        Record().ShadMode = kv::kGradientPaint;
     }
     void GetShadGrad(LONG* mode, LONG* patern, LONG* x, LONG* y, DWORD* col1, DWORD* col2) const {
         ReadGrad(Record().ShadGrad, mode, patern, x, y, col1, col2);

@@ -13,10 +13,10 @@
 template <typename Holder>
 class KVTextureAccess {
   public:
-    /// Sets the texture of the body (0 centred, 1 tiled, 2 scaled) and selects it as paint.
+    /// Sets the texture of the body, its mode a kv::TextureMode, and selects it as paint.
     void SetBodyText(LONG mode, const char* file) {
         SetText(Record().BodyText, Self().m_BodyFile, mode, file);
-        Record().BodyMode = 2;
+        Record().BodyMode = kv::kTexturePaint;
     }
     const char* GetBodyText(LONG* mode) const {
         *mode = Record().BodyText.Mode;
@@ -24,10 +24,10 @@ class KVTextureAccess {
     }
     const char* GetBodyText_File() const { return Self().m_BodyFile; }
 
-    /// Sets the texture of the edge (0 centred, 1 tiled, 2 scaled) and selects it as paint.
+    /// Sets the texture of the edge, its mode a kv::TextureMode, and selects it as paint.
     void SetEdgeText(LONG mode, const char* file) {
         SetText(Record().EdgeText, Self().m_EdgeFile, mode, file);
-        Record().EdgeMode = 2;
+        Record().EdgeMode = kv::kTexturePaint;
     }
     const char* GetEdgeText(LONG* mode) const {
         *mode = Record().EdgeText.Mode;
@@ -35,10 +35,10 @@ class KVTextureAccess {
     }
     const char* GetEdgeText_File() const { return Self().m_EdgeFile; }
 
-    /// Sets the texture of the shadow (0 centred, 1 tiled, 2 scaled) and selects it as paint.
+    /// Sets the texture of the shadow, its mode a kv::TextureMode, and selects it as paint.
     void SetShadText(LONG mode, const char* file) {
         SetText(Record().ShadText, Self().m_ShadFile, mode, file);
-        Record().ShadMode = 2;
+        Record().ShadMode = kv::kTexturePaint;
     }
     const char* GetShadText(LONG* mode) const {
         *mode = Record().ShadText.Mode;
@@ -50,13 +50,13 @@ class KVTextureAccess {
     /// pointers of other layers stay as they are.
     void ResetConnect() {
         tagKVBWDRAWINFO& record = Record();
-        if (record.BodyMode == 2) {
+        if (record.BodyMode == kv::kTexturePaint) {
             record.BodyText.File = Self().m_BodyFile;
         }
-        if (record.EdgeMode == 2) {
+        if (record.EdgeMode == kv::kTexturePaint) {
             record.EdgeText.File = Self().m_EdgeFile;
         }
-        if (record.ShadMode == 2) {
+        if (record.ShadMode == kv::kTexturePaint) {
             record.ShadText.File = Self().m_ShadFile;
         }
     }
