@@ -1,3 +1,5 @@
+// Bitmap handles: what pictures they get, and what is read of them.
+
 #include <new>
 
 #include <platform/dc.h>

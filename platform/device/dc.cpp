@@ -1,3 +1,5 @@
+// Fonts and the device context: what is selected, modes, text.
+
 #include "platform/dc.h"
 
 #include <string_view>

@@ -1,3 +1,5 @@
+// What a device says of itself, its palette, and the C names of its calls.
+
 #include "platform/device/device.h"
 
 #include <algorithm>

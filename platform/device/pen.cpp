@@ -1,3 +1,5 @@
+// Pens and brushes.
+
 #include "platform/pen.h"
 
 #include <algorithm>

@@ -1,3 +1,5 @@
+// The figures of shapes, filled and stroked.
+
 #include "platform/device/shape_painter.h"
 
 #include <algorithm>
@@ -12,8 +14,8 @@ namespace kv::gdi {
 
 namespace {
 
-constexpr double kFullTurn = 2.0 * std::numbers::pi;
-constexpr double kQuarterTurn = std::numbers::pi / 2.0;
+constexpr double kTurnInRadians = 2.0 * std::numbers::pi;
+constexpr double kQuarterTurnInRadians = std::numbers::pi / 2.0;
 
 PathPoint Centre(const tagPOINT& pixel) {
     return {pixel.x + 0.5, pixel.y + 0.5};
@@ -124,10 +126,10 @@ void ShapePainter::RoundRect(const ShapeBox& box, LONG width, LONG height) {
     const double bottom = at.bottom - radii.y;
     FillAndStroke([&](auto& path) {
         path.MoveTo({at.left, top});
-        path.ArcTo({{left, top}, radii, std::numbers::pi, kQuarterTurn});
-        path.ArcTo({{right, top}, radii, -kQuarterTurn, kQuarterTurn});
-        path.ArcTo({{right, bottom}, radii, 0.0, kQuarterTurn});
-        path.ArcTo({{left, bottom}, radii, kQuarterTurn, kQuarterTurn});
+        path.ArcTo({{left, top}, radii, std::numbers::pi, kQuarterTurnInRadians});
+        path.ArcTo({{right, top}, radii, -kQuarterTurnInRadians, kQuarterTurnInRadians});
+        path.ArcTo({{right, bottom}, radii, 0.0, kQuarterTurnInRadians});
+        path.ArcTo({{left, bottom}, radii, kQuarterTurnInRadians, kQuarterTurnInRadians});
         path.Close();
     });
 }
@@ -136,7 +138,7 @@ void ShapePainter::Ellipse(const ShapeBox& box) {
     const PathBox at(box);
     const auto figure = [&](auto& path) {
         path.MoveTo({at.right, at.Middle().y});
-        path.ArcTo({at.Middle(), at.Radii(), 0.0, kFullTurn});
+        path.ArcTo({at.Middle(), at.Radii(), 0.0, kTurnInRadians});
         path.Close();
     };
     // It has no corner to mitre, not even where it begins when it is flat.
@@ -159,7 +161,7 @@ void ShapePainter::Pie(const ShapeBox& box, tagPOINT start, tagPOINT end) {
         Ellipse(box);
         return;
     }
-    sweep += sweep < 0.0 ? kFullTurn : 0.0;
+    sweep += sweep < 0.0 ? kTurnInRadians : 0.0;
     FillAndStroke([&](auto& path) {
         path.MoveTo(middle);
         path.ArcTo({middle, radii, from, sweep});

@@ -1,3 +1,5 @@
+// The stretching of a bitmap onto another: the nearest pixel on each axis.
+
 #include <algorithm>
 #include <limits>
 #include <new>

@@ -1,3 +1,5 @@
+// The laying out of a string: the face and glyph of each character, and its place.
+
 #include "platform/device/text_line.h"
 
 #include "platform/text/codepage.h"

@@ -29,9 +29,10 @@ struct PlacedGlyph {
 
 /// A string cut into glyphs, each on a whole pixel. It belongs to the thread that made it.
 struct TextLine {
-    static constexpr std::uint8_t kMissing = 3;
+    static constexpr std::uint8_t kMissing = FontInstance::kFaces;
 
-    std::array<std::shared_ptr<Face>, 3> faces;  ///< as the font's; null while unused
+    std::array<std::shared_ptr<Face>, FontInstance::kFaces>
+        faces;  ///< as the font's; null while unused
     std::vector<PlacedGlyph> glyphs;
     std::int64_t length = 0;
 };

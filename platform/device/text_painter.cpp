@@ -1,3 +1,5 @@
+// The drawing of a line of text at any angle.
+
 #include "platform/device/text_painter.h"
 
 #include <algorithm>
@@ -15,24 +17,25 @@ namespace {
 
 // The slant of a sheared face: 12 degrees.
 constexpr double kSlant = 0.2126;
-constexpr int kFullTurn = 3600;
-constexpr int kRightAngle = 900;
-constexpr int kDownwards = kFullTurn - kRightAngle;
+// Angles in tenths of a degree.
+constexpr int kTurnInTenths = 3600;
+constexpr int kRightAngleInTenths = kTurnInTenths / 4;
+constexpr int kDownwardsInTenths = kTurnInTenths - kRightAngleInTenths;
 
 // Tenths of a degree counter-clockwise, 0 to 3599.
 int Angle(const FontInstance& font) {
-    const int angle = font.description.lfEscapement % kFullTurn;
-    return angle < 0 ? angle + kFullTurn : angle;
+    const int angle = font.description.lfEscapement % kTurnInTenths;
+    return angle < 0 ? angle + kTurnInTenths : angle;
 }
 
 // From u and v to the surface; right angles exactly.
 Affine Turn(int angle, const TextTarget& target) {
     constexpr double kSines[4] = {0.0, 1.0, 0.0, -1.0};
-    const int quarter = angle / kRightAngle;
+    const int quarter = angle / kRightAngleInTenths;
     double sine = kSines[quarter];
     double cosine = kSines[(quarter + 1) % 4];
-    if (angle % kRightAngle != 0) {
-        const double radians = angle * (2.0 * std::numbers::pi / kFullTurn);
+    if (angle % kRightAngleInTenths != 0) {
+        const double radians = angle * (2.0 * std::numbers::pi / kTurnInTenths);
         sine = std::sin(radians);
         cosine = std::cos(radians);
     }
@@ -40,8 +43,14 @@ Affine Turn(int angle, const TextTarget& target) {
             -sine,  cosine, static_cast<double>(target.y)};
 }
 
+// From `left` to right - 1.
+struct Columns {
+    std::int32_t left;
+    std::int32_t right;
+};
+
 // The columns that contours reach into.
-Run ColumnsOf(const Contours& contours) {
+Columns ColumnsOf(const Contours& contours) {
     if (contours.points.empty()) {
         return {0, 0};
     }
@@ -63,7 +72,7 @@ void TextPainter::Draw(const TextLine& line, const TextTarget& target) {
     const Affine turn = Turn(angle, target);
     FillPaper(line, target, turn);
     std::optional<TurnedSink> downwards;
-    if (angle == kDownwards) {
+    if (angle == kDownwardsInTenths) {
         downwards.emplace(target.surface, SaturateToInt32(target.x), target.ink);
     }
     for (const PlacedGlyph& placed : line.glyphs) {
@@ -89,7 +98,7 @@ void TextPainter::FillPaper(const TextLine& line, const TextTarget& target, cons
                                 target.paper);
         return;
     }
-    if (angle == kDownwards) {
+    if (angle == kDownwardsInTenths) {
         target.surface.FillRect(target.x - height, target.y, target.x, target.y + line.length,
                                 target.paper);
         return;

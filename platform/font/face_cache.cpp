@@ -1,3 +1,5 @@
+// The faces that a thread has open, and what was read from them.
+
 #include "platform/font/face_cache.h"
 
 #include <algorithm>
@@ -10,9 +12,9 @@ namespace kv::gdi {
 namespace {
 
 // A line draws from at most three faces; a program from a few families in four styles.
-constexpr std::size_t kMostFaces = 24;
+constexpr std::size_t kMaxFaces = 24;
 // At most 4 MB of points a face: some two thousand kanji.
-constexpr std::size_t kMostPoints = std::size_t{1} << 18;
+constexpr std::size_t kMaxPoints = std::size_t{1} << 18;
 
 // FreeType's objects of one thread, closed when it ends.
 class ThreadFaces {
@@ -40,7 +42,7 @@ class ThreadFaces {
         if (!opened) {
             return nullptr;
         }
-        if (m_Faces.size() == kMostFaces) {
+        if (m_Faces.size() == kMaxFaces) {
             m_Faces.pop_back();
         }
         auto face = std::make_shared<Face>(std::move(opened), record);
@@ -86,7 +88,7 @@ const GlyphOutline& Face::Outline(std::uint32_t glyph, bool embolden) {
         return known->second;
     }
     GlyphOutline outline = ReadGlyph(m_Face.get(), glyph, embolden);
-    if (m_OutlinePoints + outline.points.size() > kMostPoints) {
+    if (m_OutlinePoints + outline.points.size() > kMaxPoints) {
         m_Outlines.clear();
         m_OutlinePoints = 0;
     }

@@ -1,3 +1,5 @@
+// The catalogue of families and the stand-ins for well-known ones.
+
 #include "platform/font/font_catalogue.h"
 
 #include <algorithm>

@@ -1,3 +1,5 @@
+// The choice of a face within its family.
+
 #include "platform/font/font_family.h"
 
 #include <algorithm>

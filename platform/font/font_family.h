@@ -7,6 +7,11 @@
 
 namespace kv::gdi {
 
+// Weights of faces and of requests.
+inline constexpr int kNormalWeight = 400;
+inline constexpr int kMinBoldWeight = 600;  ///< from here on a face, or a request, counts as bold
+inline constexpr int kBoldWeight = 700;
+
 /// What a face says of itself, in font units; sound whatever the file holds.
 struct DesignMetrics {
     int unitsPerEm;
@@ -23,7 +28,7 @@ struct FaceRecord {
     int index;  ///< of the face in the file
     std::string fullName;
     std::string style;
-    int weight;  ///< 400 normal, 700 bold
+    int weight;
     bool italic;
     bool fixedPitch;
     BYTE charSet;

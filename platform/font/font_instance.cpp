@@ -1,3 +1,5 @@
+// The making of a font: its faces and its size.
+
 #include "platform/font/font_instance.h"
 
 #include <algorithm>
@@ -11,9 +13,6 @@ namespace kv::gdi {
 
 namespace {
 
-constexpr int kNormalWeight = 400;
-// From here on a face counts as bold, and a request asks for one.
-constexpr int kBoldFrom = 600;
 constexpr BYTE kBreakCharacter = 0x20;
 // Pitch flags of a metrics record, which are not the pitch values of a logical font.
 constexpr BYTE kVariablePitch = 1;
@@ -25,7 +24,7 @@ LONG RequestedWeight(const LOGFONTA& description) {
 }
 
 bool IsDrawable(LONG size) {
-    return size >= -kGreatestSize && size <= kGreatestSize;
+    return size >= -kMaxSize && size <= kMaxSize;
 }
 
 // A name field need not end in a zero.
@@ -39,7 +38,8 @@ FaceUse UseOf(const FontFamily& family, const LOGFONTA& description) {
     const LONG weight = RequestedWeight(description);
     const bool italic = description.lfItalic != 0;
     const FaceRecord& face = family.Select(weight, italic);
-    return {&face, weight >= kBoldFrom && face.weight < kBoldFrom, italic && !face.italic};
+    return {&face, weight >= kMinBoldWeight && face.weight < kMinBoldWeight,
+            italic && !face.italic};
 }
 
 // Cell and em. A positive request is the cell's height and is met exactly, a negative one the

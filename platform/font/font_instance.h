@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <memory>
 
 #include <platform/font.h>
@@ -18,16 +19,18 @@ struct FaceUse {
 
 /// A font made from a logical description: plain values, so that any thread may use it.
 struct FontInstance {
+    static constexpr std::size_t kFaces = 3;
+
     /// The font's own face, then those that lend it the characters it lacks: the default Japanese
     /// and the default Latin one. Never without a record.
-    std::array<FaceUse, 3> faces;
+    std::array<FaceUse, kFaces> faces;
     LOGFONTA description{};  ///< as asked for
     TEXTMETRICA metrics{};
     double emPixels = 0.0;
     double stretch = 1.0;   ///< along the line, beyond the natural width
     bool vertical = false;  ///< double-byte characters stand in a line that is turned by -900
 
-    /// Null when there is no font at all, or for a height or width beyond kGreatestSize.
+    /// Null when there is no font at all, or for a height or width beyond kMaxSize.
     static std::shared_ptr<const FontInstance> Create(const LOGFONTA& description);
 };
 
@@ -37,7 +40,7 @@ void ApplySize(const LOGFONTA& description, const FaceRecord& face, FontInstance
 /// The cell height that stands for a request of 0.
 inline constexpr LONG kDefaultHeight = 16;
 /// Nothing larger is drawn: a mask of such a line is beyond any memory.
-inline constexpr LONG kGreatestSize = 1 << 20;
+inline constexpr LONG kMaxSize = 1 << 20;
 
 /// Rounds halves up.
 std::int32_t RoundToPixel(double length);

@@ -1,3 +1,5 @@
+// The fonts that fontconfig lists, read and ordered by family.
+
 #include "platform/font/font_scan.h"
 
 #include <algorithm>
@@ -33,7 +35,6 @@ using FontSet = std::unique_ptr<FcFontSet, Destroy<FcFontSetDestroy>>;
 
 // Bit 17 of a font's code page ranges: Japanese.
 constexpr FT_ULong kJapaneseCodePage = FT_ULong{1} << 17;
-constexpr int kNormalWeight = 400;
 
 const char* Text(const FcPattern& pattern, const char* object, int position) {
     FcChar8* text = nullptr;

@@ -1,3 +1,5 @@
+// Outlines read from a font file, and the box for a missing one.
+
 #include "platform/font/glyph_outline.h"
 
 #include <new>

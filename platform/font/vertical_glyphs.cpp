@@ -1,3 +1,5 @@
+// The vertical alternates of a font, by its substitution table.
+
 #include "platform/font/vertical_glyphs.h"
 
 #include <array>

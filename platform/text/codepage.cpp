@@ -1,3 +1,5 @@
+// Code page 932 and Unicode: one table each way, filled from the system once.
+
 #include "platform/text/codepage.h"
 
 #include <array>

@@ -1,26 +1,14 @@
+// Stepping, comparing and paths in code page 932.
+
 #include "platform/text/mbcs.h"
 
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <cstring>
-#include <string>
 #include <string_view>
 
 namespace kv {
 namespace {
-
-unsigned int FoldCase(unsigned int code) {
-    constexpr unsigned int kFullWidthUpper = 0x8260;
-    constexpr unsigned int kFullWidthLower = 0x8281;
-    if (code >= 'A' && code <= 'Z') {
-        return code - 'A' + 'a';
-    }
-    if (code >= kFullWidthUpper && code <= kFullWidthUpper + ('Z' - 'A')) {
-        return code - kFullWidthUpper + kFullWidthLower;
-    }
-    return code;
-}
 
 // Of the bytes that split a path only the backslash can be a second one. Lead bytes before the
 // others are what names in other encodings happen to hold.
@@ -56,6 +44,18 @@ PathParts PartsOf(const char* path) {
 
 }  // namespace
 
+unsigned int FoldCase(unsigned int code) {
+    constexpr unsigned int kFullWidthUpper = 0x8260;
+    constexpr unsigned int kFullWidthLower = 0x8281;
+    if (code >= 'A' && code <= 'Z') {
+        return code - 'A' + 'a';
+    }
+    if (code >= kFullWidthUpper && code <= kFullWidthUpper + ('Z' - 'A')) {
+        return code - kFullWidthUpper + kFullWidthLower;
+    }
+    return code;
+}
+
 unsigned int CharCode(const char* text) {
     const unsigned int first = static_cast<unsigned char>(text[0]);
     return CharBytes(text) == 2 ? first * 256 + static_cast<unsigned char>(text[1]) : first;
@@ -71,17 +71,6 @@ std::size_t _mbslen(const char* text) {
 
 const char* _mbsinc(const char* text) {
     return text + CharBytes(text);
-}
-
-const char* _mbsninc(const char* text, std::size_t count) {
-    for (; count > 0 && *text != '\0'; --count) {
-        text += CharBytes(text);
-    }
-    return text;
-}
-
-std::size_t _mbsnbcnt(const char* text, std::size_t count) {
-    return static_cast<std::size_t>(_mbsninc(text, count) - text);
 }
 
 int _mbsicmp(const char* a, const char* b) {
@@ -129,26 +118,6 @@ int _makepath_s(std::span<char> path, const char* drive, const char* directory, 
         end = std::ranges::copy(part, end).out;
     }
     *end = '\0';
-    return 0;
-}
-
-int _mbsnbcpy_s(char* target, std::size_t targetSize, const char* text, std::size_t byteCount) {
-    if (target == nullptr || targetSize == 0) {
-        return EINVAL;
-    }
-    target[0] = '\0';
-    if (text == nullptr) {
-        return EINVAL;
-    }
-    std::size_t length = 0;
-    while (text[length] != '\0' && length + CharBytes(text + length) <= byteCount) {
-        length += CharBytes(text + length);
-    }
-    if (length >= targetSize) {
-        return ERANGE;
-    }
-    std::memcpy(target, text, length);
-    target[length] = '\0';
     return 0;
 }
 

@@ -23,17 +23,15 @@ constexpr std::size_t CharBytes(const char* text) {
 /// The code of the character at text: lead * 256 + trail, or the byte; 0 at the terminator.
 unsigned int CharCode(const char* text);
 
+/// A character's code in lower case: letters of the Latin alphabet, full-width ones too. The lead
+/// byte stays.
+unsigned int FoldCase(unsigned int code);
+
 /// Characters up to the terminator.
 std::size_t _mbslen(const char* text);
 
 /// The next character; text itself at the terminator.
 const char* _mbsinc(const char* text);
-
-/// The character count characters on, or the terminator when there are fewer.
-const char* _mbsninc(const char* text, std::size_t count);
-
-/// Bytes of the first count characters, or of all when there are fewer.
-std::size_t _mbsnbcnt(const char* text, std::size_t count);
 
 /// Below 0, 0 or above 0 as a comes before, is equal to or comes after b, without regard to the
 /// case of ASCII and full-width Latin letters.
@@ -50,10 +48,5 @@ int _splitpath_s(const char* path, std::span<char> drive, std::span<char> direct
 /// an empty string in path, when it is too small.
 int _makepath_s(std::span<char> path, const char* drive, const char* directory, const char* name,
                 const char* extension);
-
-/// Copies at most byteCount bytes of text, whole characters only, and the terminator. 0 when done;
-/// an errno value, with an empty string in a target that has room for one, when target is too small
-/// (ERANGE) or a pointer is null (EINVAL).
-int _mbsnbcpy_s(char* target, std::size_t targetSize, const char* text, std::size_t byteCount);
 
 }  // namespace kv

@@ -1,3 +1,5 @@
+// Strings and lists of strings.
+
 #include "platform/string.h"
 
 #include <climits>

@@ -1,7 +1,8 @@
+// The bridge between code page 932 and UTF-8.
+
 #include <cstdint>
 
-#include <KVUtf8.h>
-
+#include "KVUtf8.h"
 #include "platform/text/codepage.h"
 #include "platform/text/mbcs.h"
 

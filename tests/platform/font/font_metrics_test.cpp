@@ -44,7 +44,7 @@ TEST(FontMetrics, ANegativeHeightIsTheEmAndZeroADefault) {
 }
 
 TEST(FontMetrics, SizesBeyondAnyMemoryAreRefused) {
-    for (const LONG size : {kGreatestSize + 1, -kGreatestSize - 1, std::numeric_limits<LONG>::min(),
+    for (const LONG size : {kMaxSize + 1, -kMaxSize - 1, std::numeric_limits<LONG>::min(),
                             std::numeric_limits<LONG>::max()}) {
         CFont font;
         EXPECT_FALSE(font.CreateFontIndirectA(Describe("Arial", size)));
@@ -52,7 +52,7 @@ TEST(FontMetrics, SizesBeyondAnyMemoryAreRefused) {
         wide.lfWidth = size;
         EXPECT_FALSE(font.CreateFontIndirectA(wide));
     }
-    EXPECT_EQ(Metrics(Describe("Arial", kGreatestSize)).tmHeight, kGreatestSize);
+    EXPECT_EQ(Metrics(Describe("Arial", kMaxSize)).tmHeight, kMaxSize);
 }
 
 TEST(FontMetrics, AWidthStretchesTheLineAlone) {

@@ -1,5 +1,4 @@
 #include <cerrno>
-#include <string>
 
 #include <gtest/gtest.h>
 #include <platform/exception.h>
@@ -57,25 +56,10 @@ TEST(Multibyte, CountsCharactersWithALoneLeadByteAtTheEnd) {
     };
     for (const Case& c : cases) {
         EXPECT_EQ(kv::_mbslen(c.text), c.characters) << c.text;
-        EXPECT_EQ(kv::_mbsnbcnt(c.text, 1), c.firstBytes) << c.text;
+        EXPECT_EQ(kv::CharBytes(c.text), c.firstBytes) << c.text;
         EXPECT_EQ(kv::_mbsinc(c.text), c.text + c.firstBytes) << c.text;
         EXPECT_EQ(kv::CharCode(c.text), c.code) << c.text;
-        EXPECT_EQ(kv::_mbsninc(c.text, 99), c.text + std::string(c.text).size()) << c.text;
     }
-}
-
-TEST(Multibyte, CopiesWholeCharactersOnly) {
-    char target[4] = "zzz";
-    EXPECT_EQ(kv::_mbsnbcpy_s(target, 4, "a\x82\xA0", 2), 0);
-    EXPECT_STREQ(target, "a");
-    EXPECT_EQ(kv::_mbsnbcpy_s(target, 4, "a\x82\xA0", 9), 0);
-    EXPECT_STREQ(target, "a\x82\xA0");
-    EXPECT_EQ(kv::_mbsnbcpy_s(target, 4, "\x82", 1), 0);
-    EXPECT_STREQ(target, "\x82");
-    EXPECT_EQ(kv::_mbsnbcpy_s(target, 2, "\x82\xA0", 2), ERANGE);
-    EXPECT_STREQ(target, "");
-    EXPECT_EQ(kv::_mbsnbcpy_s(target, 4, nullptr, 2), EINVAL);
-    EXPECT_EQ(kv::_mbsnbcpy_s(nullptr, 4, "a", 1), EINVAL);
 }
 
 TEST(Multibyte, ComparesWithoutCase) {
