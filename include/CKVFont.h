@@ -14,7 +14,7 @@ class KVDRAW_API CKVFont {
     CKVFont() = default;
     CKVFont(const CKVFont&) = default;
     CKVFont& operator=(const CKVFont&) = default;
-    virtual ~CKVFont() = default;
+    virtual ~CKVFont();
 
     /// The logical description of the first font of the named family. 0: *out filled; -1: no
     /// memory; -2: no such font. *out is unchanged on failure.

@@ -1,3 +1,5 @@
+// The text object: setters, readers, copies, and its drawing by the layouts.
+
 #include "CDrawText.h"
 
 #include <algorithm>

@@ -10,6 +10,7 @@
 
 #include "base/scale.h"
 #include "text/horizontal_line.h"
+#include "text/line_layout.h"
 #include "text/upright_runs.h"
 #include "text/vertical_line.h"
 
@@ -23,8 +24,8 @@ using Percent = WidthStep::Percent;
 
 // Memory that runs out on the way leaves the mask empty: a layout reports nothing and throws
 // nothing.
-template <typename Line>
-int LayOut(HWND window, tagKVFONTINFO* info, const char* text, CKVMonoBitmap* mask, tagPOINT* pos,
+template <typename Form>
+int LayOut(tagKVFONTINFO* info, const char* text, CKVMonoBitmap* mask, tagPOINT* pos,
            const WidthStep* fit = nullptr) {
     *pos = {info->Pos_X, info->Pos_Y};
     mask->Delete();
@@ -32,7 +33,7 @@ int LayOut(HWND window, tagKVFONTINFO* info, const char* text, CKVMonoBitmap* ma
         return 0;
     }
     try {
-        Line(window, *info, text, fit).Run(*mask, *pos);
+        kv::text::LayOutLine(Form(*info), *info, text, fit, *mask, *pos);
     } catch (const std::bad_alloc&) {
         mask->Delete();
     } catch (const CMemoryException&) {
@@ -66,43 +67,46 @@ void LayOutByDirection(CKVFont& font, HWND window, tagKVFONTINFO* info, const ch
 
 }  // namespace
 
-int CKVFont::NomDispBwBmpH(HWND window, tagKVFONTINFO* info, const char* text, CKVMonoBitmap* mask,
-                           tagPOINT* pos) {
-    return LayOut<HorizontalLine>(window, info, text, mask, pos);
+// Here, so that the class's table stands in the library whoever makes an object.
+CKVFont::~CKVFont() = default;
+
+int CKVFont::NomDispBwBmpH(HWND /*window*/, tagKVFONTINFO* info, const char* text,
+                           CKVMonoBitmap* mask, tagPOINT* pos) {
+    return LayOut<HorizontalLine>(info, text, mask, pos);
 }
 
-int CKVFont::NomDispBwBmpV(HWND window, tagKVFONTINFO* info, const char* text, CKVMonoBitmap* mask,
-                           tagPOINT* pos) {
-    return LayOut<VerticalLine>(window, info, text, mask, pos);
+int CKVFont::NomDispBwBmpV(HWND /*window*/, tagKVFONTINFO* info, const char* text,
+                           CKVMonoBitmap* mask, tagPOINT* pos) {
+    return LayOut<VerticalLine>(info, text, mask, pos);
 }
 
-int CKVFont::NomDispBwBmpV2(HWND window, tagKVFONTINFO* info, const char* text, CKVMonoBitmap* mask,
-                            tagPOINT* pos) {
-    return LayOut<UprightRuns>(window, info, text, mask, pos);
+int CKVFont::NomDispBwBmpV2(HWND /*window*/, tagKVFONTINFO* info, const char* text,
+                            CKVMonoBitmap* mask, tagPOINT* pos) {
+    return LayOut<UprightRuns>(info, text, mask, pos);
 }
 
-int CKVFont::FitDispBwBmpH(HWND window, tagKVFONTINFO* info, const char* text, CKVMonoBitmap* mask,
-                           tagPOINT* pos) {
+int CKVFont::FitDispBwBmpH(HWND /*window*/, tagKVFONTINFO* info, const char* text,
+                           CKVMonoBitmap* mask, tagPOINT* pos) {
     static constexpr WidthStep kFit{Percent::kCut, false};
-    return LayOut<HorizontalLine>(window, info, text, mask, pos, &kFit);
+    return LayOut<HorizontalLine>(info, text, mask, pos, &kFit);
 }
 
-int CKVFont::FitDispBwBmpH2(HWND window, tagKVFONTINFO* info, const char* text, CKVMonoBitmap* mask,
-                            tagPOINT* pos) {
+int CKVFont::FitDispBwBmpH2(HWND /*window*/, tagKVFONTINFO* info, const char* text,
+                            CKVMonoBitmap* mask, tagPOINT* pos) {
     static constexpr WidthStep kFit{Percent::kRounded, true};
-    return LayOut<HorizontalLine>(window, info, text, mask, pos, &kFit);
+    return LayOut<HorizontalLine>(info, text, mask, pos, &kFit);
 }
 
-int CKVFont::FitDispBwBmpV(HWND window, tagKVFONTINFO* info, const char* text, CKVMonoBitmap* mask,
-                           tagPOINT* pos) {
+int CKVFont::FitDispBwBmpV(HWND /*window*/, tagKVFONTINFO* info, const char* text,
+                           CKVMonoBitmap* mask, tagPOINT* pos) {
     static constexpr WidthStep kFit{Percent::kRounded, false};
-    return LayOut<VerticalLine>(window, info, text, mask, pos, &kFit);
+    return LayOut<VerticalLine>(info, text, mask, pos, &kFit);
 }
 
-int CKVFont::FitDispBwBmpV2(HWND window, tagKVFONTINFO* info, const char* text, CKVMonoBitmap* mask,
-                            tagPOINT* pos) {
+int CKVFont::FitDispBwBmpV2(HWND /*window*/, tagKVFONTINFO* info, const char* text,
+                            CKVMonoBitmap* mask, tagPOINT* pos) {
     static constexpr WidthStep kFit{Percent::kPlain, false};
-    return LayOut<UprightRuns>(window, info, text, mask, pos, &kFit);
+    return LayOut<UprightRuns>(info, text, mask, pos, &kFit);
 }
 
 int CKVFont::FontFbDisp(HWND window, tagKVFONTINFO* info, const char* text, CKVFrameBuffer* fb,

@@ -1,3 +1,5 @@
+// The decision how far a line is squeezed or stretched, and by what.
+
 #include "text/fit_rule.h"
 
 namespace kv::text {

@@ -1,7 +1,8 @@
-// Font lookup and the font list: both collect what an enumeration delivers into a global block.
+// The lookup of a font, and the font list, which collects an enumeration into a global block.
 
 #include <cstring>
 #include <new>
+#include <optional>
 
 #include <CKVFont.h>
 #include <platform/exception.h>
@@ -26,10 +27,11 @@ int CollectFont(const ENUMLOGFONTA* font, const NEWTEXTMETRICA* metric, DWORD ty
     return 1;
 }
 
-// False when memory ran out where the catalogue is built.
-bool Enumerate(HDC dc, const char* family, tagENUMER& list) {
+// False when memory runs out where the catalogue is built.
+template <typename Call>
+bool HasMemoryFor(const Call& call) {
     try {
-        EnumFontFamiliesA(dc, family, CollectFont, reinterpret_cast<LPARAM>(&list));
+        call();
     } catch (const std::bad_alloc&) {
         return false;
     } catch (const CMemoryException&) {
@@ -38,40 +40,32 @@ bool Enumerate(HDC dc, const char* family, tagENUMER& list) {
     return true;
 }
 
-// False, with a null handle, when there is no memory to collect into.
-bool Collect(HWND window, const char* family, tagENUMER& list) {
-    list.Count = 0;
-    list.Handle = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, 1);
-    if (list.Handle == nullptr) {
-        return false;
-    }
-    const HDC dc = GetDC(window);
-    const bool whole = Enumerate(dc, family, list);
-    ReleaseDC(window, dc);
-    if (!whole) {
-        list.Handle = GlobalFree(list.Handle);
-    }
-    return whole;
-}
-
 }  // namespace
 
-int CKVFont::GetFontLogfont(HWND window, const char* name, tagLOGFONTA* out) {
-    tagENUMER found{};
-    if (!Collect(window, name == nullptr ? "" : name, found)) {
+int CKVFont::GetFontLogfont(HWND /*window*/, const char* name, tagLOGFONTA* out) {
+    std::optional<LOGFONTA> found;
+    if (!HasMemoryFor([&] { found = kv::gdi::FirstOf(name == nullptr ? "" : name); })) {
         return -1;
     }
-    const bool any = found.Count > 0;
-    if (any) {
-        FontEntry first;
-        std::memcpy(&first, GlobalLock(found.Handle), sizeof first);
-        GlobalUnlock(found.Handle);
-        *out = first.LogFont.elfLogFont;
+    if (!found) {
+        return -2;
     }
-    GlobalFree(found.Handle);
-    return any ? 0 : -2;
+    *out = *found;
+    return 0;
 }
 
 int CKVFont::GetAllFontList(HWND window, tagENUMER* list) {
-    return Collect(window, nullptr, *list) ? 0 : -1;
+    list->Count = 0;
+    list->Handle = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, 1);
+    if (list->Handle == nullptr) {
+        return -1;
+    }
+    const HDC dc = GetDC(window);
+    const bool whole = HasMemoryFor(
+        [&] { EnumFontFamiliesA(dc, nullptr, CollectFont, reinterpret_cast<LPARAM>(list)); });
+    ReleaseDC(window, dc);
+    if (!whole) {
+        list->Handle = GlobalFree(list->Handle);
+    }
+    return whole ? 0 : -1;
 }

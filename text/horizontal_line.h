@@ -1,23 +1,21 @@
 #pragma once
 
-#include "text/line_layout.h"
+#include "text/line_form.h"
 
 namespace kv::text {
 
 /// A line from left to right: the anchor is the lower edge of its cell.
-class HorizontalLine : public LineLayout {
+class HorizontalLine : public LineForm {
   public:
-    using LineLayout::LineLayout;
+    using LineForm::LineForm;
 
-  protected:
-    void DescribeFont() override;
-    void WidenFont() override;
-    LONG AreaLength() const override { return m_Info.Eria_Width; }
-    tagSIZE MaskSize() const override;
-    CPoint StartPoint() const override;
-    CPoint Place(CPoint start) const override;
-    CPoint Continuation(CPoint from) const override;
-    void DrawLine() override;
+    LOGFONTA DescribeFont() const override;
+    void WidenFont(const TEXTMETRICA& first, LOGFONTA& description) const override;
+    LONG AreaLength() const override { return Info().Eria_Width; }
+    tagSIZE MaskSize(const MeasuredLine& line) const override;
+    CPoint Place(const MeasuredLine& line) const override;
+    CPoint Continuation(const MeasuredLine& line, CPoint from) const override;
+    void Draw(const MeasuredLine& line, LineContext& context) const override;
 };
 
 }  // namespace kv::text

@@ -1,81 +1,67 @@
-#include "text/upright_runs.h"
+// The drawing of a vertical line run by run.
 
-#include <CKVFont.h>
+#include "text/upright_runs.h"
 
 #include "base/narrow.h"
 #include "platform/text/mbcs.h"
-#include "text/line_cell.h"
 
 namespace kv::text {
+namespace {
 
-void UprightRuns::DescribeFont() {
-    LookUpFace(m_PlainFace);
-    VerticalLine::DescribeFont();
+// Draws a run of double-byte characters. Its length along the line.
+LONG DrawTurned(const MeasuredLine& line, const std::string& run, LONG top, LineContext& context) {
+    context.Select(line.font.font, line.extra);
+    context.TextOut(line.thickness, top, run);
+    return context.Extent(run).cx;
 }
 
-std::string UprightRuns::MeasuredText() {
-    CString multi;
-    CKVFont().SplitMultiAndSingle(m_Text.c_str(), m_Runs, multi);
-    return {static_cast<const char*>(multi)};
+// Draws a run of single-byte characters. The length of its cell.
+LONG DrawUpright(const MeasuredLine& line, const LineFont& upright, const std::string& run,
+                 LONG top, LineContext& context) {
+    context.Select(line.font.font, line.extra);
+    const tagSIZE cell = context.Extent(kLineCell);
+    context.Select(upright.font, 0);
+    const LONG width = context.Extent(run).cx;
+    if (width <= cell.cy) {
+        context.TextOut(cell.cy / 2 - width / 2, top, run);
+        return cell.cx;
+    }
+    const LONG percent = TruncateToInt32(static_cast<double>(cell.cy) / width * 100.0);
+    LineFont squeezed = upright;
+    squeezed.description.lfWidth = PercentOf(upright.metric.tmAveCharWidth, percent, 1.0);
+    context.Make(squeezed);
+    context.TextOut(0, top, run);
+    return cell.cx;
 }
 
-void UprightRuns::DrawLine() {
-    MakeUprightFont();
+}  // namespace
+
+void UprightRuns::Draw(const MeasuredLine& line, LineContext& context) const {
+    const LineFont upright = MakeUprightFont(line.font.description, context);
     std::int64_t cursor = 0;
-    for (int i = 0; i < m_Runs.GetSize(); ++i) {
-        const std::string run(m_Runs[i]);
+    for (const std::string& run : line.text.runs) {
         if (!run.empty()) {
             const LONG top = SaturateToInt32(cursor);
             const bool turned = CharBytes(run.c_str()) == 2;
-            cursor += turned ? DrawTurned(run, top) : DrawUpright(run, top);
+            cursor += turned ? DrawTurned(line, run, top, context)
+                             : DrawUpright(line, upright, run, top, context);
         }
     }
 }
 
 // The upright font's cell is as high as an em of the line is long, and its half em as wide as half
 // the line is thick. A line without a width of its own leaves it no height: such runs stay undrawn.
-void UprightRuns::MakeUprightFont() {
-    LOGFONTA upright = m_PlainFace;
-    upright.lfHeight = SaturateToInt32(std::int64_t{m_Font.lfWidth} * 2);
-    upright.lfWidth = m_Font.lfHeight / 2;
-    upright.lfOrientation = 0;
-    upright.lfWeight = m_Font.lfWeight;
-    upright.lfItalic = m_Font.lfItalic;
-    if (upright.lfHeight != 0) {
-        m_UprightFont.CreateFontIndirectA(upright);
+LineFont UprightRuns::MakeUprightFont(const LOGFONTA& vertical, LineContext& context) const {
+    LineFont upright{LookUpFace(), {}, {}};
+    upright.description.lfHeight = SaturateToInt32(std::int64_t{vertical.lfWidth} * 2);
+    upright.description.lfWidth = vertical.lfHeight / 2;
+    upright.description.lfOrientation = 0;
+    upright.description.lfWeight = vertical.lfWeight;
+    upright.description.lfItalic = vertical.lfItalic;
+    if (upright.description.lfHeight != 0) {
+        context.Make(upright);
     }
-}
-
-// Draws a run of double-byte characters. Its length along the line.
-LONG UprightRuns::DrawTurned(const std::string& run, LONG top) {
-    SelectFont(m_LineFont, m_Extra);
-    TextOut(m_Thickness, top, run);
-    return Extent(run).cx;
-}
-
-// Draws a run of single-byte characters. The length of its cell.
-LONG UprightRuns::DrawUpright(const std::string& run, LONG top) {
-    SelectFont(m_LineFont, m_Extra);
-    const tagSIZE cell = Extent(kLineCell);
-    SelectFont(m_UprightFont, 0);
-    const LONG width = Extent(run).cx;
-    TEXTMETRICA metric{};
-    m_Dc.GetTextMetricsA(&metric);
-    // Read back from the font, so that squeezing one run does not squeeze the next.
-    LOGFONTA description{};
-    GetObjectA(m_UprightFont, sizeof description, &description);
-    LONG left = 0;
-    CFont fitted = m_UprightFont;
-    if (width > cell.cy) {
-        const LONG percent = TruncateToInt32(static_cast<double>(cell.cy) / width * 100.0);
-        description.lfWidth = PercentOf(metric.tmAveCharWidth, percent, 1.0);
-        fitted.CreateFontIndirectA(description);
-    } else {
-        left = cell.cy / 2 - width / 2;
-    }
-    SelectFont(fitted, 0);
-    TextOut(left, top, run);
-    return cell.cx;
+    return upright;
 }
 
 }  // namespace kv::text

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <platform/string.h>
-
 #include "text/vertical_line.h"
 
 namespace kv::text {
@@ -12,19 +10,11 @@ class UprightRuns : public VerticalLine {
   public:
     using VerticalLine::VerticalLine;
 
-  protected:
-    void DescribeFont() override;
-    std::string MeasuredText() override;
-    void DrawLine() override;
+    LineRuns Cut(const std::string& text) const override { return CutIntoRuns(text.c_str()); }
+    void Draw(const MeasuredLine& line, LineContext& context) const override;
 
   private:
-    void MakeUprightFont();
-    LONG DrawTurned(const std::string& run, LONG top);
-    LONG DrawUpright(const std::string& run, LONG top);
-
-    LOGFONTA m_PlainFace{};
-    CFont m_UprightFont;
-    CStringArray m_Runs;
+    LineFont MakeUprightFont(const LOGFONTA& vertical, LineContext& context) const;
 };
 
 }  // namespace kv::text

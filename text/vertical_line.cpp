@@ -1,10 +1,9 @@
+// The steps of a vertical line.
+
 #include "text/vertical_line.h"
 
-#include <string>
-
-#include <CKVFont.h>
-
 #include "base/narrow.h"
+#include "platform/font/font_enum.h"
 #include "platform/font/font_name.h"
 
 namespace kv::text {
@@ -14,49 +13,47 @@ constexpr LONG kDownward = -900;  // tenths of a degree
 
 }  // namespace
 
-void VerticalLine::DescribeFont() {
-    LookUpFace(m_Font);
-    if (m_Font.lfCharSet == SHIFTJIS_CHARSET) {
+LOGFONTA VerticalLine::DescribeFont() const {
+    LOGFONTA description = LookUpFace();
+    if (description.lfCharSet == SHIFTJIS_CHARSET) {
         // A name too long for its vertical form, or a family without one, is drawn plain.
-        const std::string name = std::string("@") + m_Font.lfFaceName;
+        const std::string name = std::string("@") + description.lfFaceName;
         if (name.size() <= gdi::kFaceNameBytes) {
-            CKVFont().GetFontLogfont(m_Window, name.c_str(), &m_Font);
+            description = gdi::FirstOf(name).value_or(description);
         }
     }
-    SetFontSize();
-    m_Font.lfEscapement = kDownward;
+    SetFontSize(description);
+    description.lfEscapement = kDownward;
+    return description;
 }
 
 // The axes change their roles: the font's height is the line's thickness, where a width percent
 // acts, and the first font's width becomes the size along the line.
-void VerticalLine::WidenFont() {
-    const double height = static_cast<double>(Scale()) * m_Info.Size_Height;
-    m_Font.lfHeight = PercentOf(height, WidthPercent(), kWidened);
-    m_Font.lfWidth = m_Metric.tmAveCharWidth;
+void VerticalLine::WidenFont(const TEXTMETRICA& first, LOGFONTA& description) const {
+    const double height = static_cast<double>(Scale()) * Info().Size_Height;
+    description.lfHeight = PercentOf(height, WidthPercent(), kWidened);
+    description.lfWidth = first.tmAveCharWidth;
 }
 
-tagSIZE VerticalLine::MaskSize() const {
+tagSIZE VerticalLine::MaskSize(const MeasuredLine& line) const {
     const LONG s = Scale();
-    const std::int64_t width = (std::int64_t{m_Thickness} + 15) / 16 * 16;
-    const std::int64_t height = (m_Length + ItalicOverhang() + s - 1) / s * s;
+    const std::int64_t width = (std::int64_t{line.thickness} + 15) / 16 * 16;
+    const std::int64_t height = (line.length + ItalicOverhang(line.font) + s - 1) / s * s;
     return {SaturateToInt32(width), SaturateToInt32(height)};
 }
 
-CPoint VerticalLine::StartPoint() const {
-    return {m_Info.Pos_X, m_Info.Pos_Y};
+CPoint VerticalLine::Place(const MeasuredLine& line) const {
+    return {SaturateToInt32(std::int64_t{Info().Pos_X} - BaselineShift(line.font)),
+            SaturateToInt32(std::int64_t{Info().Pos_Y} + AlignShift(line))};
 }
 
-CPoint VerticalLine::Place(CPoint start) const {
-    return {SaturateToInt32(std::int64_t{start.x} - BaselineShift()),
-            SaturateToInt32(std::int64_t{start.y} + AlignShift())};
+CPoint VerticalLine::Continuation(const MeasuredLine& line, CPoint from) const {
+    return {Info().Pos_X, SaturateToInt32(from.y + line.length / Scale())};
 }
 
-CPoint VerticalLine::Continuation(CPoint from) const {
-    return {m_Info.Pos_X, SaturateToInt32(from.y + m_Length / Scale())};
-}
-
-void VerticalLine::DrawLine() {
-    TextOut(m_Thickness, 0, m_Text);
+void VerticalLine::Draw(const MeasuredLine& line, LineContext& context) const {
+    context.Select(line.font.font, line.extra);
+    context.TextOut(line.thickness, 0, line.text.runs.front());
 }
 
 }  // namespace kv::text

@@ -1,24 +1,22 @@
 #pragma once
 
-#include "text/line_layout.h"
+#include "text/line_form.h"
 
 namespace kv::text {
 
 /// A line from the top downward: the whole line turned clockwise, in the vertical form of its face
 /// where it has one. The anchor is the line's upper left corner on the page.
-class VerticalLine : public LineLayout {
+class VerticalLine : public LineForm {
   public:
-    using LineLayout::LineLayout;
+    using LineForm::LineForm;
 
-  protected:
-    void DescribeFont() override;
-    void WidenFont() override;
-    LONG AreaLength() const override { return m_Info.Eria_Height; }
-    tagSIZE MaskSize() const override;
-    CPoint StartPoint() const override;
-    CPoint Place(CPoint start) const override;
-    CPoint Continuation(CPoint from) const override;
-    void DrawLine() override;
+    LOGFONTA DescribeFont() const override;
+    void WidenFont(const TEXTMETRICA& first, LOGFONTA& description) const override;
+    LONG AreaLength() const override { return Info().Eria_Height; }
+    tagSIZE MaskSize(const MeasuredLine& line) const override;
+    CPoint Place(const MeasuredLine& line) const override;
+    CPoint Continuation(const MeasuredLine& line, CPoint from) const override;
+    void Draw(const MeasuredLine& line, LineContext& context) const override;
 };
 
 }  // namespace kv::text

@@ -1,3 +1,5 @@
+// The enumeration of fonts, and the look-up of one.
+
 #include "platform/font/font_enum.h"
 
 #include <array>
@@ -11,11 +13,33 @@ namespace kv::gdi {
 namespace {
 
 constexpr DWORD kTrueTypeFont = 4;
-constexpr LONG kBoldFrom = 600;
+// Pitch values of a logical font, which are not the flags of a metrics record.
+constexpr BYTE kFixedPitch = 1;
+constexpr BYTE kVariablePitch = 2;
 // Style flags of the metrics record.
 constexpr DWORD kItalic = 1;
 constexpr DWORD kBold = 0x20;
 constexpr DWORD kRegular = 0x40;
+
+// A font as it is delivered: at the default size.
+struct SizedFont {
+    LOGFONTA description;
+    TEXTMETRICA metrics;
+};
+
+SizedFont AtDefaultSize(const std::string& faceName, const FaceRecord& face) {
+    LOGFONTA description{};
+    description.lfWeight = face.weight;
+    description.lfItalic = face.italic ? 1 : 0;
+    description.lfCharSet = face.charSet;
+    FontInstance sized;
+    ApplySize(description, face, sized);
+    description.lfHeight = sized.metrics.tmHeight;
+    description.lfWidth = sized.metrics.tmAveCharWidth;
+    description.lfPitchAndFamily = face.fixedPitch ? kFixedPitch : kVariablePitch;
+    StoreName(faceName, description.lfFaceName);
+    return {description, sized.metrics};
+}
 
 NEWTEXTMETRICA MetricsOf(const FaceRecord& face, const TEXTMETRICA& sized) {
     NEWTEXTMETRICA metrics{};
@@ -36,7 +60,7 @@ NEWTEXTMETRICA MetricsOf(const FaceRecord& face, const TEXTMETRICA& sized) {
     metrics.tmItalic = sized.tmItalic;
     metrics.tmPitchAndFamily = sized.tmPitchAndFamily;
     metrics.tmCharSet = sized.tmCharSet;
-    metrics.ntmFlags = (face.italic ? kItalic : 0) | (face.weight >= kBoldFrom ? kBold : 0);
+    metrics.ntmFlags = (face.italic ? kItalic : 0) | (face.weight >= kMinBoldWeight ? kBold : 0);
     metrics.ntmFlags = metrics.ntmFlags != 0 ? metrics.ntmFlags : kRegular;
     metrics.ntmSizeEM = static_cast<UINT>(face.metrics.unitsPerEm);
     metrics.ntmCellHeight = static_cast<UINT>(face.metrics.ascent + face.metrics.descent);
@@ -54,17 +78,9 @@ class Delivery {
         if (m_Result == 0) {
             return;
         }
+        const SizedFont sized = AtDefaultSize(faceName, face);
         ENUMLOGFONTA font{};
-        LOGFONTA& description = font.elfLogFont;
-        description.lfWeight = face.weight;
-        description.lfItalic = face.italic ? 1 : 0;
-        description.lfCharSet = face.charSet;
-        FontInstance sized;
-        ApplySize(description, face, sized);
-        description.lfHeight = sized.metrics.tmHeight;
-        description.lfWidth = sized.metrics.tmAveCharWidth;
-        description.lfPitchAndFamily = face.fixedPitch ? kFixedPitch : kVariablePitch;
-        StoreName(faceName, description.lfFaceName);
+        font.elfLogFont = sized.description;
         StoreName(face.fullName.empty() ? faceName : face.fullName, font.elfFullName);
         StoreName(face.style, font.elfStyle);
         const NEWTEXTMETRICA metrics = MetricsOf(face, sized.metrics);
@@ -74,9 +90,6 @@ class Delivery {
     int Result() const { return m_Result; }
 
   private:
-    static constexpr BYTE kFixedPitch = 1;
-    static constexpr BYTE kVariablePitch = 2;
-
     FONTENUMPROCA m_Callback;
     LPARAM m_Parameter;
     int m_Result = 1;
@@ -92,6 +105,14 @@ void DeliverEachFamily(const FontCatalogue& catalogue, Delivery& delivery) {
 }
 
 }  // namespace
+
+std::optional<LOGFONTA> FirstOf(std::string_view family) {
+    const auto found = FontCatalogue::Get().Find(family);
+    if (!found) {
+        return std::nullopt;
+    }
+    return AtDefaultSize(found->faceName, found->family->faces.front()).description;
+}
 
 }  // namespace kv::gdi
 

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
+#include <string_view>
 
 #include <platform/font.h>
 
@@ -18,3 +20,11 @@ using FONTENUMPROCA = int (*)(const ENUMLOGFONTA* font, const NEWTEXTMETRICA* me
 /// Delivers the fonts of exactly the named family, or one font of each family for a null name. The
 /// last value that the callback returned, 1 when it was never called.
 int EnumFontFamiliesA(HDC dc, const char* family, FONTENUMPROCA callback, LPARAM parameter);
+
+namespace kv::gdi {
+
+/// The first font that an enumeration of the named family delivers; empty when none has that name.
+/// Throws where memory ends.
+std::optional<LOGFONTA> FirstOf(std::string_view family);
+
+}  // namespace kv::gdi

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
 
 #include <CDrawGraph.h>
 #include <CDrawText.h>
@@ -23,7 +22,11 @@ inline void BoundEffect(tagKVBWDRAWINFO& effect) {
 }
 
 inline void BoundSizes(tagKVFONTINFO& info) {
-    Bound(info.Size_Height, 40);
+    // Beyond this no font is made, whatever the width percent brings it down to.
+    constexpr LONG kRefusedHeight = 1 << 30;
+    if (info.Size_Height > -kRefusedHeight && info.Size_Height < kRefusedHeight) {
+        Bound(info.Size_Height, 40);
+    }
     Bound(info.Size_WidthPer, 400);
     Bound(info.Space, 60);
     Bound(info.SpPer, 2000);
@@ -36,7 +39,8 @@ inline void BoundSizes(tagKVFONTINFO& info) {
         // A ratio without bounds would make a giant of a line of next to no length.
         Bound(info.Eria_Width, 400);
         Bound(info.Eria_Height, 400);
-        const LONG least = -std::abs(info.Size_Height) / 4;
+        const LONG quarter = info.Size_Height / 4;
+        const LONG least = std::min(quarter, -quarter);
         info.Space = std::max(info.Space, least);
         info.FitSpMax_Min = std::max(info.FitSpMax_Min, least);
     }

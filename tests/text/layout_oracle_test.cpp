@@ -57,8 +57,11 @@ class Oracle {
         e = info.Space * s;
         Measure();
         if (info.FitMode != 0) {
-            const double ratio = FitRatio();
-            if (ratio != kNoRatio) {
+            const int target = (vertical ? info.Eria_Height : info.Eria_Width) * s;
+            const auto [extra, shrinks, resized, ratio] = kv::text::Fit(
+                {L, target, n, e, info.FitSpMax_Min * s, info.FitSpMax_Max * s, info.FitMode == 2});
+            e = int(extra);
+            if (resized) {
                 const double cut = info.Dir == 0 ? 0.0 : 0.5;
                 int q = int(p * ratio + cut);
                 q = shrinks ? std::max(q, info.FitStrMax_Min) : std::min(q, info.FitStrMax_Max);
@@ -90,8 +93,6 @@ class Oracle {
     }
 
   private:
-    static constexpr double kNoRatio = 1e300;
-
     static LOGFONTA Find(const char* name) {
         LOGFONTA found{};
         kv::gdi::StoreName(name, found.lfFaceName);
@@ -118,35 +119,6 @@ class Oracle {
         n = int(kv::_mbslen(measured.c_str()));
         L = Extent(measured).cx + (e < 0 ? (n - 2) * e : -e);
         C = Extent(measured).cy;
-    }
-    // The distance goes to e; kNoRatio when the width stays.
-    double FitRatio() {
-        const int T = (vertical ? info.Eria_Height : info.Eria_Width) * s, e0 = e;
-        shrinks = L > T;
-        if (L > T) {
-            int over = L - T;
-            if (n > 1) {
-                const int m = info.FitSpMax_Min * s;
-                e = e0 - over / (n - 1);
-                if (e > m)
-                    return kNoRatio;
-                e = m;
-                over -= (e0 - m) * (n - 1);
-            }
-            return over <= 0 || T + over == 0 ? kNoRatio : double(T) / (T + over);
-        }
-        if (L == T || info.FitMode != 2)
-            return kNoRatio;
-        int gap = T - L;
-        if (n > 1) {
-            const int m = info.FitSpMax_Max * s;
-            e = e0 + gap / (n - 1);
-            if (e <= m)
-                return kNoRatio;
-            e = m;
-            gap -= (m - e0) * (n - 1);
-        }
-        return gap <= 0 || T - gap <= 0 ? kNoRatio : double(T) / (T - gap);
     }
     void Place(BYTE charSet, Line& line) {
         const int v = info.Italic != 0 ? tm.tmAveCharWidth / 2 : 0, along = L / s;
@@ -204,7 +176,6 @@ class Oracle {
     const bool vertical = info.Dir % 2 == 1;
     const int s = info.AntiScale;
     int e = 0, n = 0, L = 0, C = 0, W = 0, H = 0;
-    bool shrinks = false;
 };
 
 tagKVFONTINFO RandomRecord(std::mt19937& random) {

@@ -1,6 +1,5 @@
 #include <climits>
 #include <cstring>
-#include <random>
 
 #include <CDrawText.h>
 #include <KVUtf8.h>
@@ -127,40 +126,6 @@ TEST(FontFbDisp, DrawsTheSamePictureAsTheAreaRender) {
                               drawn.GetBufferDWord() + (area.y + y) * 320 + area.x,
                               static_cast<std::size_t>(area.width) * 4),
                   0);
-    }
-}
-
-// Whatever a hand-filled record holds, a drawing ends and leaves a whole object. Widths and
-// distances stay small: large ones ask for gigabytes of mask, and get them where there are some.
-TEST(FontFbDisp, HostileRecordsDoNoHarm) {
-    std::mt19937 random(1);
-    const LONG anything[] = {0, 1, -1, 2, 7, 100, -3000, INT_MAX, INT_MIN};
-    const LONG small[] = {0, 1, -1, 90, -200};
-    const LONG heights[] = {0, 1, -1, 20, -20, INT_MAX, INT_MIN};
-    for (int i = 0; i < 200; ++i) {
-        CDrawText text = Line(kLatin, "a \x83\x41\x83");
-        tagKVFONTINFO& info = text.m_Font;
-        for (LONG* field : {&info.SpPer, &info.Eria_Width, &info.Eria_Height, &info.Format,
-                            &info.Pos_X, &info.Pos_Y, &info.NextAddress_X, &info.NextAddress_Y,
-                            &info.AddressMode, &info.Italic, &info.Weight}) {
-            *field = anything[random() % std::size(anything)];
-        }
-        for (LONG* field : {&info.Size_WidthPer, &info.Space, &info.FitStrMax_Max,
-                            &info.FitStrMax_Min, &info.FitSpMax_Max, &info.FitSpMax_Min}) {
-            *field = small[random() % std::size(small)];
-        }
-        info.Dir = static_cast<LONG>(random() % 4);
-        info.FitMode = static_cast<LONG>(random() % 3);
-        info.Size_Height = heights[random() % std::size(heights)];
-        text.SetAntiScale(static_cast<LONG>(random() % 17));
-        if (i % 3 != 0) {  // no end to the name, nor a face to it
-            std::memset(info.FontName, i % 3 == 1 ? '\x83' : 'q', sizeof info.FontName);
-        }
-        if (info.SpPer > 3000 || info.SpPer < -3000) {
-            info.SpPer /= 1 << 20;
-        }
-        CKVFrameBuffer fb(64, 64, 1);
-        EXPECT_EQ(text.DrawFrame(nullptr, &fb), 0);
     }
 }
 
