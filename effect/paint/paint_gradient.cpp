@@ -1,13 +1,15 @@
+// The gradient paint: which ramp a record asks for, and the way to paint it.
+
 #include "effect/paint/cover_row.h"
 #include "effect/paint/paint.h"
 #include "effect/paint/ramp.h"
 
 namespace {
 
-// 1 to 10, and 0 with a centre, have rules of their own; a pattern that is a type of the other form
-// by accident, as 101, has none.
+// The shapes by number, 0 only with a centre, have rules of their own; a pattern that is a type of
+// the other form by accident, as 101, has none.
 int RampType(int patern, bool centred) {
-    if (patern >= (centred ? 0 : 1) && patern <= 10) {
+    if (patern >= (centred ? 0 : 1) && patern < kv::kRampShapes) {
         return centred ? patern + kv::kRampWithPoint : patern;
     }
     return 0;
@@ -41,8 +43,8 @@ void PaintPixelByPixel(const kv::Ramp& ramp, const kv::RampTarget& target) {
 }
 
 void PaintRamp(const kv::Ramp& ramp, const kv::RampTarget& target) {
-    const bool circle = kv::ShapeOf(ramp.type) == kv::RampShape::kCircle;
-    if (!(circle ? PaintCircleRamp(ramp, target) : PaintStraightRamp(ramp, target))) {
+    const bool straight = kv::RampFormOf(ramp.type).pieces != nullptr;
+    if (!(straight ? PaintStraightRamp(ramp, target) : PaintCircleRamp(ramp, target))) {
         PaintPixelByPixel(ramp, target);
     }
 }

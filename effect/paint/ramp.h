@@ -5,27 +5,12 @@
 #include <CKVGrayBitmap.h>
 #include <KVDrawInfo.h>
 
+#include "effect/paint/ramp_forms.h"
+
 namespace kv {
 
-/// What a ramp's distance is measured from, numbered as the types 1 to 10 (0 for all others).
-enum class RampShape {
-    kHorizontal = 0,
-    kVertical = 1,
-    kTowardRight = 2,  // diagonal, Col2 in the bottom right corner
-    kTowardLeft = 3,   // diagonal, Col2 in the bottom left corner
-    kDiamond = 4,
-    kSquare = 5,
-    kCircle = 6,
-    kColumnBand = 7,
-    kRowBand = 8,
-    kRisingBand = 9,
-    kFallingBand = 10
-};
-
-/// Types from 100 on have the shapes of those from 0 on.
+/// Types from here on have the shapes of those from 0 on, and lengths that a given point tells.
 constexpr int kRampWithPoint = 100;
-
-RampShape ShapeOf(int type);
 
 /// Inclusive.
 struct RampBounds {
@@ -87,7 +72,7 @@ struct RampTarget {
 /// Paints a ramp without coverage: CKVBwDraw::Pis_Grad_Paint.
 void PaintBareRamp(DWORD* pixels, int width, int height, const tagGRADINFO& grad);
 
-/// Every shape but the circle: all distances are whole numbers. False, with nothing painted, when
+/// The shapes whose rows are pieces of one line of colours. False, with nothing painted, when
 /// there is no memory.
 bool PaintStraightRamp(const Ramp& ramp, const RampTarget& target);
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <memory>
 
 #include "base/scratch.h"
 #include "effect/paint/ramp.h"
@@ -10,57 +11,10 @@
 namespace kv {
 namespace {
 
-// Every row is cut from one line of colours: position p of the line has the colour at distance -|p|
-// (twice that for the square). A row is up to three pieces: columns from 0 on that walk along the
-// line from `left`, a run of the one colour at `middle`, columns from runEnd on that walk from
-// `right`.
-struct RowPieces {
-    std::int64_t left = 0;
-    std::int64_t runBegin = 0;
-    std::int64_t middle = 0;
-    std::int64_t runEnd = 0;
-    std::int64_t right = 0;
-};
-
-RowPieces Run(const Ramp& ramp, std::int64_t middle) {
-    return {0, 0, middle, ramp.width, 0};
-}
-
-RowPieces Walk(std::int64_t start) {
-    return {0, 0, 0, 0, start};
-}
-
 RowPieces PiecesOf(const Ramp& ramp, LONG y) {
-    const std::int64_t cx = ramp.centreX;
-    const std::int64_t dy = std::int64_t{y} - ramp.centreY;
-    const std::int64_t away = std::abs(dy);
-    const std::int64_t right = ramp.width - 1;
-    const std::int64_t up = std::int64_t{ramp.height} - 1 - y;
-    switch (ShapeOf(ramp.type)) {
-        case RampShape::kVertical:
-            return Run(ramp, up);
-        case RampShape::kRowBand:
-            return Run(ramp, dy);
-        case RampShape::kTowardRight:
-            return Walk(-right - up);
-        case RampShape::kTowardLeft:
-            return Walk(up);
-        case RampShape::kColumnBand:
-            return Walk(-cx);
-        case RampShape::kRisingBand:
-            return Walk(dy - cx);
-        case RampShape::kFallingBand:
-            return Walk(-dy - cx);
-        case RampShape::kDiamond:
-            return {-cx - away, cx, 0, cx, away};
-        case RampShape::kSquare: {
-            const std::int64_t begin = std::max<std::int64_t>(cx - away, 0);
-            const std::int64_t end = std::min<std::int64_t>(cx + away, right) + 1;
-            return {-cx, begin, away, end, end - cx};
-        }
-        default:
-            return Walk(-right);
-    }
+    const std::int64_t row = y;
+    return RampFormOf(ramp.type).pieces(
+        {ramp.width, row - (ramp.height - 1), ramp.centreX, row - ramp.centreY});
 }
 
 // The colours of all positions that the rows touch.
@@ -84,7 +38,7 @@ class ColourLine {
         if (m_Colours == nullptr) {
             return false;
         }
-        const std::int64_t scale = ShapeOf(ramp.type) == RampShape::kSquare ? -2 : -1;
+        const std::int64_t scale = -RampFormOf(ramp.type).unit;
         for (std::int64_t at = m_First; at <= last; ++at) {
             m_Colours[static_cast<std::size_t>(at - m_First)] =
                 ramp.At(static_cast<double>(scale * std::abs(at)));
