@@ -11,7 +11,7 @@
 class CKVFrameBuffer;
 class CKVMonoBitmap;
 
-/// The shape drawing object: one of eight kinds as a list of points, a pen, a fill and the effect
+/// The shape drawing object: one of several kinds as a list of points, a pen, a fill and the effect
 /// properties. It owns its points and strings; copies are independent of their source. Points and
 /// lengths are final pixels of the target picture, and the points say where the shape is. One
 /// object serves one thread at a time.
@@ -34,6 +34,7 @@ class KVDRAW_API CDrawGraph : public CObject,
         kPolyGon = 7,
         kSpline = 8
     };
+    static constexpr LONG kShapeKinds = kSpline;  ///< numbered from 1 to this
 
     LONG m_GraphType = kNoShape;
     LONG m_FillMode = 0;             ///< 0 outline only, anything else solid inside

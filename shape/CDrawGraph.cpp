@@ -1,12 +1,25 @@
+// The shape object as data: its points and the readers of each kind.
+
 #include "CDrawGraph.h"
 
 #include <algorithm>
+#include <tuple>
 
 namespace {
 
 const CRuntimeClassEntry kClassEntry(CDrawGraph::classCDrawGraph);
 
 constexpr tagPOINT kOrigin{0, 0};
+
+// All that a copy takes over. The names must be as many as the object has members, or it does not
+// compile: none is forgotten.
+template <typename Shape>
+auto Fields(Shape& shape) {
+    auto& [graphType, fillMode, penSize, penType, points, degStart, degEnd, info, bodyFile,
+           edgeFile, shadFile, dispEria] = shape;
+    return std::tie(graphType, fillMode, penSize, penType, points, degStart, degEnd, info, bodyFile,
+                    edgeFile, shadFile, dispEria);
+}
 
 tagPOINT* Data(CArray<CPoint, CPoint>& points) {
     static_assert(sizeof(CPoint) == sizeof(tagPOINT));
@@ -44,18 +57,7 @@ CDrawGraph::CDrawGraph(const CDrawGraph& other) : CDrawGraph() {
 }
 
 CDrawGraph& CDrawGraph::operator=(const CDrawGraph& other) {
-    m_GraphType = other.m_GraphType;
-    m_FillMode = other.m_FillMode;
-    m_PenSize = other.m_PenSize;
-    m_PenType = other.m_PenType;
-    m_Point = other.m_Point;
-    m_DegStart = other.m_DegStart;
-    m_DegEnd = other.m_DegEnd;
-    m_Info = other.m_Info;
-    m_BodyFile = other.m_BodyFile;
-    m_EdgeFile = other.m_EdgeFile;
-    m_ShadFile = other.m_ShadFile;
-    m_DispEria = other.m_DispEria;
+    Fields(*this) = Fields(other);
     ConnectAll();
     return *this;
 }

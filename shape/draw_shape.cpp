@@ -1,4 +1,4 @@
-// The eight kinds as operations, and the two calls that render the mask of the object's own kind.
+// The kinds as operations, and the two calls that render the mask of the object's own kind.
 
 #include <new>
 
@@ -12,7 +12,7 @@ using kv::shape::FormOf;
 
 // Memory that runs out leaves the mask empty; a list that is too short reaches the caller.
 int DrawAs(const CDrawGraph& shape, LONG kind, CKVMonoBitmap* mask, tagPOINT* pos) {
-    const EnlargedShape enlarged(shape, FormOf(kind));
+    const EnlargedShape enlarged(shape, *FormOf(kind));
     *pos = enlarged.Pos();
     mask->Delete();
     try {
@@ -23,14 +23,10 @@ int DrawAs(const CDrawGraph& shape, LONG kind, CKVMonoBitmap* mask, tagPOINT* po
     return 0;
 }
 
-bool HasShape(const CDrawGraph& shape) {
-    return shape.m_GraphType >= CDrawGraph::kLine && shape.m_GraphType <= CDrawGraph::kSpline;
-}
-
 // Makes the body of the object's own kind and stores its place. A draw needs the mask's coverage
 // only, so it never makes the mask. False when nothing can be rendered.
-bool DrawBody(CDrawGraph& shape, CKVGrayBitmap& coverage) {
-    const EnlargedShape enlarged(shape, FormOf(shape.m_GraphType));
+bool DrawBody(CDrawGraph& shape, const kv::shape::Form& form, CKVGrayBitmap& coverage) {
+    const EnlargedShape enlarged(shape, form);
     const tagPOINT pos = enlarged.Pos();
     shape.m_Info.Pos_X = pos.x;
     shape.m_Info.Pos_Y = pos.y;
@@ -44,12 +40,13 @@ bool DrawBody(CDrawGraph& shape, CKVGrayBitmap& coverage) {
 }  // namespace
 
 int CDrawGraph::DrawFrame(CKVFrameBuffer* fb) {
-    if (!HasShape(*this)) {
+    const kv::shape::Form* const form = FormOf(m_GraphType);
+    if (form == nullptr) {
         return 1;
     }
     ConnectAll();
     kv::Layer layer;
-    if (DrawBody(*this, layer.coverage) && fb != nullptr) {
+    if (DrawBody(*this, *form, layer.coverage) && fb != nullptr) {
         const kv::RenderedOnto rendered = kv::RenderOnto(*fb, m_Info, layer);
         if (rendered.outcome) {
             m_DispEria = rendered.touched;
@@ -59,12 +56,13 @@ int CDrawGraph::DrawFrame(CKVFrameBuffer* fb) {
 }
 
 int CDrawGraph::DrawFrameEria(CKVFrameBuffer* fb, CBox& eria, CBox& body, CBox& edge, CBox& shad) {
-    if (!HasShape(*this)) {
+    const kv::shape::Form* const form = FormOf(m_GraphType);
+    if (form == nullptr) {
         return 1;
     }
     ConnectAll();
     kv::Layer layer;
-    if (DrawBody(*this, layer.coverage) && fb != nullptr) {
+    if (DrawBody(*this, *form, layer.coverage) && fb != nullptr) {
         const kv::RenderedAlone rendered =
             kv::RenderAlone(*fb, m_Info, layer, kv::AloneSize::kToFit);
         if (rendered.outcome) {

@@ -1,3 +1,5 @@
+// The frame that all kinds of shapes run on: size, place and picture.
+
 #include "shape/enlarged_shape.h"
 
 #include <algorithm>
@@ -72,7 +74,7 @@ Figure EnlargedShape::Enlarge() const {
         figure.points.push_back({SaturateToInt32(point.x * m_Scale - m_OriginX + m_Pad),
                                  SaturateToInt32(point.y * m_Scale - m_OriginY + m_Pad)});
     }
-    if (m_Form.pointsRequired > 2) {
+    if (m_Form.hasCornerSize) {
         const CPoint& size = m_Shape.m_Point.GetAt(2);
         figure.cornerSize = {SaturateToInt32(size.x * m_Scale), SaturateToInt32(size.y * m_Scale)};
     }

@@ -19,18 +19,20 @@ struct Figure {
     double endDegree;
 };
 
-/// What the eight kinds differ in.
+/// What the kinds differ in.
 struct Form {
-    int pointsRequired;
-    bool usesAllPoints;  ///< else the first two
-    bool takesBrush;
-    DWORD roundPen;  ///< style of the pen for pen type 0
-    DWORD flatPen;   ///< style of the pen for any other type
-    void (*draw)(CDC& dc, const Figure& figure);
+    LONG kind = CDrawGraph::kNoShape;
+    int pointsRequired = 2;
+    bool usesAllPoints = false;  ///< else the first two
+    bool hasCornerSize = false;  ///< as the third point
+    bool takesBrush = false;
+    DWORD roundPen = 0;  ///< style of the pen for pen type 0
+    DWORD flatPen = 0;   ///< style of the pen for any other type
+    void (*draw)(CDC& dc, const Figure& figure) = nullptr;
 };
 
-/// The form of a kind from kLine to kSpline.
-const Form& FormOf(LONG kind);
+/// Null for kNoShape and for what is no kind.
+const Form* FormOf(LONG kind);
 
 /// The frame that all kinds run on: the shape's box, enlarged, and its picture on a one-bit bitmap
 /// of that size. Throws CInvalidArgException when the shape has fewer points than its form
@@ -49,10 +51,12 @@ class EnlargedShape {
     /// 0, or -1 for an unknown scale or no memory.
     int ToCoverage(CKVGrayBitmap& coverage) const;
 
-  private:
+    /// True if there can be a mask of this size. Width and Height, in enlarged pixels, need that.
     bool FitsMask() const;
     LONG Width() const;
     LONG Height() const;
+
+  private:
     Figure Enlarge() const;
     void Draw(const CBitmap& bitmap) const;
 

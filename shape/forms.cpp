@@ -1,4 +1,4 @@
-// The eight kinds: what each asks of the frame, and its drawing call.
+// The kinds of shapes: what each asks of the frame, and its drawing call.
 
 #include <cmath>
 
@@ -63,21 +63,68 @@ constexpr DWORD kRound = PS_GEOMETRIC | PS_ENDCAP_ROUND | PS_JOIN_ROUND;
 constexpr DWORD kFlat = PS_GEOMETRIC | PS_ENDCAP_FLAT | PS_JOIN_ROUND;
 constexpr DWORD kFlatMitred = PS_GEOMETRIC | PS_ENDCAP_FLAT | PS_JOIN_MITER;
 
-constexpr Form kForms[] = {
-    {2, false, false, kRound, kFlat, DrawLines},
-    {1, true, false, kRound, kFlat, DrawLines},
-    {2, false, true, kRound, kFlatMitred, DrawRect},
-    {3, false, true, PS_SOLID, PS_SOLID, DrawRoundRect},
-    {2, false, true, kRound, kFlatMitred, DrawEllipse},
-    {2, false, true, kRound, kFlatMitred, DrawPie},
-    {1, true, true, kRound, kFlat, DrawPolygon},
-    {1, true, true, kRound, kFlat, DrawSpline},
+constexpr Form kForms[CDrawGraph::kShapeKinds] = {
+    {.kind = CDrawGraph::kLine, .roundPen = kRound, .flatPen = kFlat, .draw = DrawLines},
+    {.kind = CDrawGraph::kPolyLine,
+     .pointsRequired = 1,
+     .usesAllPoints = true,
+     .roundPen = kRound,
+     .flatPen = kFlat,
+     .draw = DrawLines},
+    {.kind = CDrawGraph::kRect,
+     .takesBrush = true,
+     .roundPen = kRound,
+     .flatPen = kFlatMitred,
+     .draw = DrawRect},
+    {.kind = CDrawGraph::kRoundRect,
+     .pointsRequired = 3,
+     .hasCornerSize = true,
+     .takesBrush = true,
+     .roundPen = PS_SOLID,
+     .flatPen = PS_SOLID,
+     .draw = DrawRoundRect},
+    {.kind = CDrawGraph::kEllipse,
+     .takesBrush = true,
+     .roundPen = kRound,
+     .flatPen = kFlatMitred,
+     .draw = DrawEllipse},
+    {.kind = CDrawGraph::kPie,
+     .takesBrush = true,
+     .roundPen = kRound,
+     .flatPen = kFlatMitred,
+     .draw = DrawPie},
+    {.kind = CDrawGraph::kPolyGon,
+     .pointsRequired = 1,
+     .usesAllPoints = true,
+     .takesBrush = true,
+     .roundPen = kRound,
+     .flatPen = kFlat,
+     .draw = DrawPolygon},
+    {.kind = CDrawGraph::kSpline,
+     .pointsRequired = 1,
+     .usesAllPoints = true,
+     .takesBrush = true,
+     .roundPen = kRound,
+     .flatPen = kFlat,
+     .draw = DrawSpline},
 };
+
+// A row that is missing has no kind.
+constexpr bool RowsStandByKind() {
+    for (LONG i = 0; i < CDrawGraph::kShapeKinds; ++i) {
+        if (kForms[i].kind != i + 1) {
+            return false;
+        }
+    }
+    return true;
+}
+static_assert(RowsStandByKind());
 
 }  // namespace
 
-const Form& FormOf(LONG kind) {
-    return kForms[kind - CDrawGraph::kLine];
+const Form* FormOf(LONG kind) {
+    return kind > CDrawGraph::kNoShape && kind <= CDrawGraph::kShapeKinds ? &kForms[kind - 1]
+                                                                          : nullptr;
 }
 
 tagPOINT RadialOffset(double degree, LONG radius) {

@@ -7,6 +7,8 @@
 #include <CDrawText.h>
 #include <CImgFile.h>
 
+#include "shape/enlarged_shape.h"
+
 // What would only ask for much memory and time is brought down or left out here, and only here.
 
 inline void Bound(LONG& value, LONG limit) {
@@ -46,27 +48,16 @@ inline void BoundSizes(tagKVFONTINFO& info) {
     }
 }
 
-// Large masks only cost time; they are left out here, and only here. Those beyond 32 bits stay in.
+// Large masks only cost time; they are left out here, and only here. Those beyond 32 bits stay in:
+// they are refused at once.
 inline bool IsTooLarge(const CDrawGraph& shape) {
-    std::int64_t low[2] = {INT32_MAX, INT32_MAX};
-    std::int64_t high[2] = {INT32_MIN, INT32_MIN};
-    const LONG kind = shape.GetGraphType();
-    const bool isList = kind == CDrawGraph::kPolyLine || kind >= CDrawGraph::kPolyGon;
-    const int used = isList ? shape.GetSize() : std::min(shape.GetSize(), 2);
-    for (int i = 0; i < used; ++i) {
-        const tagPOINT p = shape.GetAt(i);
-        const std::int64_t xy[2] = {p.x, p.y};
-        for (int axis = 0; axis < 2; ++axis) {
-            low[axis] = std::min(low[axis], xy[axis]);
-            high[axis] = std::max(high[axis], xy[axis]);
-        }
+    constexpr std::int64_t kMaxBits = 4'000'000;
+    const kv::shape::Form* const form = kv::shape::FormOf(shape.GetGraphType());
+    if (form == nullptr || shape.GetSize() < form->pointsRequired) {
+        return false;
     }
-    const double scale = shape.GetAntiScale();
-    const double pen = shape.GetPenSize() + 2.0;
-    const double width = (static_cast<double>(high[0] - low[0]) + pen) * scale;
-    const double height = (static_cast<double>(high[1] - low[1]) + pen) * scale;
-    const double bits = width * height;
-    return bits > 4e6 && bits < 1e12;
+    const kv::shape::EnlargedShape enlarged(shape, *form);
+    return enlarged.FitsMask() && std::int64_t{enlarged.Width()} * enlarged.Height() > kMaxBits;
 }
 
 // Brings an object down to what can be drawn in short time. False when it cannot be.

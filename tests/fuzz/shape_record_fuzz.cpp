@@ -37,7 +37,8 @@ class Input {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     Input input(data, size);
     CDrawGraph shape;
-    shape.m_GraphType = input.Take<std::uint8_t>() % 10;
+    // From no shape to one number beyond the kinds.
+    shape.m_GraphType = input.Take<std::uint8_t>() % (CDrawGraph::kShapeKinds + 2);
     shape.SetAntiScale(input.Take<std::uint8_t>() % 17);
     shape.SetFillMode(input.Take<std::uint8_t>() & 1);
     shape.SetPenType(input.Take<std::uint8_t>() & 1);

@@ -48,12 +48,12 @@ struct Sample;
 template <>
 struct Sample<CDrawGraph> {
     static constexpr std::size_t kName = 40 + 8 * 4 + 184;  // the first name's length
-    static constexpr int kForms = 8;
+    static constexpr int kForms = CDrawGraph::kShapeKinds;
 
     static void Fill(CDrawGraph& shape, int form, const char* texture) {
         const tagPOINT points[] = {{10, 8}, {50, 44}, {12, 10}, {20, 50}};
         shape.SetPolyGon(points, 4);
-        shape.m_GraphType = CDrawGraph::kSpline - form % kForms;
+        shape.m_GraphType = CDrawGraph::kShapeKinds - form % kForms;
         shape.m_DegStart = 20.5;
         shape.m_DegEnd = 250.25;
         shape.SetPenSize(2);

@@ -326,7 +326,7 @@ TEST(ShapeMask, CoverageIsThatOfTheReducedMask) {
     const auto coordinate = [&] { return static_cast<LONG>(random() % 60) - 20; };
     for (int i = 0; i < 1500; ++i) {
         CDrawGraph shape;
-        shape.m_GraphType = 1 + static_cast<LONG>(random() % 8);
+        shape.m_GraphType = 1 + static_cast<LONG>(random() % CDrawGraph::kShapeKinds);
         const int points = shape.m_GraphType == CDrawGraph::kSpline ? 7 : 3 + i % 9;
         for (int k = 0; k < points; ++k) {
             shape.m_Point.Add(CPoint(coordinate(), coordinate()));
@@ -338,7 +338,7 @@ TEST(ShapeMask, CoverageIsThatOfTheReducedMask) {
         shape.m_DegStart = static_cast<double>(random() % 360);
         shape.m_DegEnd = static_cast<double>(random() % 360);
 
-        const kv::shape::EnlargedShape enlarged(shape, kv::shape::FormOf(shape.m_GraphType));
+        const kv::shape::EnlargedShape enlarged(shape, *kv::shape::FormOf(shape.m_GraphType));
         CKVMonoBitmap mask;
         enlarged.ToMask(mask);
         CKVGrayBitmap reduced, coverage;
