@@ -1,3 +1,6 @@
+// The bitmap object's parts: header, colours and rows, who owns them, and what follows from a
+// header.
+
 #include "CDib.h"
 
 #include <algorithm>
@@ -11,14 +14,13 @@
 #include "dib/layout.h"
 #include "dib/palette.h"
 #include "platform/bitmap/format.h"
+#include "platform/system/class_record.h"
 #include "platform/system/file_mapping.h"
 #include "surface/wrap.h"
 
 using kv::dib::kHeaderBytes;
 
 namespace {
-
-const CRuntimeClassEntry kClassEntry(CDib::classCDib);
 
 // A header in memory that the caller vouches for may tell any number of colours; more than this
 // serve no purpose.
@@ -47,24 +49,7 @@ std::size_t BytesInBlock(HGLOBAL block, const void* from) {
 
 }  // namespace
 
-constinit CRuntimeClass CDib::classCDib{"CDib", 0, &CDib::CreateObject, &CDib::_GetBaseClass,
-                                        nullptr};
-
-CObject* CDib::CreateObject() {
-    return new CDib;
-}
-
-CRuntimeClass* CDib::GetThisClass() {
-    return &classCDib;
-}
-
-CRuntimeClass* CDib::_GetBaseClass() {
-    return CObject::GetThisClass();
-}
-
-CRuntimeClass* CDib::GetRuntimeClass() const {
-    return GetThisClass();
-}
+KV_DEFINE_CLASS_RECORD(CDib, 0);
 
 CDib::CDib(CSize size, int bitCount) {
     MakeHeader(size, bitCount, 0);
@@ -108,28 +93,29 @@ int CDib::AttachImage(void* image, CSize size, int bitCount, int topDown) {
 
 int CDib::AttachMemory(void* header, int owned, void* global) {
     Empty();
-    const std::size_t there = BytesInBlock(global, header);
-    if (header == nullptr || (there != 0 && there < kHeaderBytes)) {
+    const std::size_t blockBytes = BytesInBlock(global, header);
+    if (header == nullptr || (blockBytes != 0 && blockBytes < kHeaderBytes)) {
         return 0;
     }
     m_Global = global;
     m_HeaderAlloc = owned == 0 ? 0 : (global != nullptr ? 2 : 1);
-    AttachBlock(header, there);
+    AttachBlock(header, blockBytes);
     return 1;
 }
 
-// There are so many bytes from the header on; 0: nobody knows.
-void CDib::AttachBlock(void* header, std::size_t there) {
+// blockBytes counts from the header on; 0 where it is not known.
+void CDib::AttachBlock(void* header, std::size_t blockBytes) {
     m_Header = static_cast<tagBITMAPINFOHEADER*>(header);
     ComputePaletteSize(m_Header->biBitCount);
     ComputeMetrics();
     const std::size_t imageOffset = kHeaderBytes + TableBytes(m_ColorEntries);
     m_Image = static_cast<BYTE*>(header) + imageOffset;
-    if (there == 0) {
+    if (blockBytes == 0) {
         m_HeaderBytes = std::min(imageOffset, kHeaderBytes + kMostColours * sizeof(tagRGBQUAD));
     } else {
-        m_HeaderBytes = std::min(imageOffset, there);
-        m_SizeImage = static_cast<DWORD>(std::min<std::size_t>(m_SizeImage, there - m_HeaderBytes));
+        m_HeaderBytes = std::min(imageOffset, blockBytes);
+        m_SizeImage =
+            static_cast<DWORD>(std::min<std::size_t>(m_SizeImage, blockBytes - m_HeaderBytes));
     }
     MakePalette();
 }

@@ -32,9 +32,9 @@ bool CDib::ReadPicture(CFile& file) {
     }
     const std::uint64_t length = file.GetLength();
     const std::uint64_t position = file.GetPosition();
-    const std::uint64_t there = position < length ? length - position : 0;
+    const std::uint64_t left = position < length ? length - position : 0;
     const std::uint64_t blockBytes = fileHeader.pixelOffset - sizeof fileHeader;
-    if (blockBytes > there) {
+    if (blockBytes > left) {
         return false;
     }
     auto block = NewBlock(blockBytes);
@@ -43,8 +43,7 @@ bool CDib::ReadPicture(CFile& file) {
     }
     const auto* header = reinterpret_cast<const tagBITMAPINFOHEADER*>(block.get());
     const std::uint64_t imageBytes = kv::dib::ImageBytes(*header);
-    if (imageBytes > there - blockBytes ||
-        !kv::dib::HoldsPicture(*header, blockBytes, imageBytes)) {
+    if (imageBytes > left - blockBytes || !kv::dib::HoldsPicture(*header, blockBytes, imageBytes)) {
         return false;
     }
     InstallHeader(reinterpret_cast<tagBITMAPINFOHEADER*>(block.release()), blockBytes, 1);

@@ -1,10 +1,11 @@
+// Sizes of headers, colours and rows, and whether they fit together.
+
 #include "dib/layout.h"
 
 #include <algorithm>
 #include <cstdlib>
 
 #include "base/checked.h"
-#include "platform/bitmap/format.h"
 
 namespace kv::dib {
 namespace {

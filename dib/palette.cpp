@@ -1,3 +1,5 @@
+// The palettes of bitmaps, from their colours or from a device.
+
 #include "dib/palette.h"
 
 #include <algorithm>

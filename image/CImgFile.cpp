@@ -1,10 +1,12 @@
+// The image object as data, and its picture; the formats of files are in image_formats.cpp.
+
 #include "CImgFile.h"
 
 #include <platform/exception.h>
 
-namespace {
+#include "platform/system/class_record.h"
 
-const CRuntimeClassEntry kClassEntry(CImgFile::classCImgFile);
+namespace {
 
 // False when there is no memory for the name; the one before it stays.
 bool Store(CString& fileName, const char* name) {
@@ -18,24 +20,7 @@ bool Store(CString& fileName, const char* name) {
 
 }  // namespace
 
-constinit CRuntimeClass CImgFile::classCImgFile{
-    "CImgFile", VERSIONABLE_SCHEMA, &CImgFile::CreateObject, &CImgFile::_GetBaseClass, nullptr};
-
-CObject* CImgFile::CreateObject() {
-    return new CImgFile;
-}
-
-CRuntimeClass* CImgFile::GetThisClass() {
-    return &classCImgFile;
-}
-
-CRuntimeClass* CImgFile::_GetBaseClass() {
-    return CObject::GetThisClass();
-}
-
-CRuntimeClass* CImgFile::GetRuntimeClass() const {
-    return GetThisClass();
-}
+KV_DEFINE_CLASS_RECORD(CImgFile, VERSIONABLE_SCHEMA);
 
 CImgFile::CImgFile(const char* name, LONG x, LONG y, LONG mode) {
     SetParam(name, x, y, mode);

@@ -24,7 +24,7 @@
 /// makes or attaches a picture first releases what there was. One object serves one thread.
 class KVDRAW_API CDib : public CObject {
   public:
-    tagRGBQUAD* m_ColorTable = nullptr;       ///< 40 bytes past m_Header
+    tagRGBQUAD* m_ColorTable = nullptr;       ///< directly behind m_Header
     HBITMAP m_Bitmap = nullptr;               ///< the section of CreateSection, owned
     void* m_Image = nullptr;                  ///< the rows; null while there are none
     tagBITMAPINFOHEADER* m_Header = nullptr;  ///< null in an empty object
@@ -32,7 +32,7 @@ class KVDRAW_API CDib : public CObject {
     LONG m_HeaderAlloc = 0;   ///< the header's owner: 0 others, 1 delete[], 2 GlobalFree(m_Global)
     LONG m_ImageAlloc = 0;    ///< the rows' owner: 0 others, 1 delete[]
     DWORD m_SizeImage = 0;    ///< bytes of the rows together
-    LONG m_ColorEntries = 0;  ///< as the header has it: a header that lies is not corrected
+    LONG m_ColorEntries = 0;  ///< as the header has it, right or wrong
     HANDLE m_File = nullptr;  ///< not null while tied to a mapped file
     HANDLE m_Mapping = nullptr;
     void* m_View = nullptr;        ///< the mapped file's first byte
@@ -136,7 +136,7 @@ class KVDRAW_API CDib : public CObject {
     void* GetImageBuffer() const { return m_Image; }
     int GetSizeImage() const { return static_cast<int>(m_SizeImage); }
     int GetSizeHeader() const {
-        return static_cast<int>(40 + 4 * static_cast<DWORD>(m_ColorEntries));
+        return static_cast<int>(sizeof *m_Header + 4 * static_cast<DWORD>(m_ColorEntries));
     }
     void* GetDrawDIB() const { return m_DrawDib; }
     operator void*() const { return m_DrawDib; }
@@ -148,7 +148,7 @@ class KVDRAW_API CDib : public CObject {
     void ComputeMetrics();
 
   private:
-    void AttachBlock(void* header, std::size_t there);
+    void AttachBlock(void* header, std::size_t blockBytes);
     void MakeHeader(CSize size, int bitCount, int topDown);
     void InstallHeader(tagBITMAPINFOHEADER* header, std::size_t bytes, LONG alloc);
     bool ReadPicture(CFile& file);

@@ -5,9 +5,9 @@
 #include <algorithm>
 #include <tuple>
 
-namespace {
+#include "platform/system/class_record.h"
 
-const CRuntimeClassEntry kClassEntry(CDrawGraph::classCDrawGraph);
+namespace {
 
 constexpr tagPOINT kOrigin{0, 0};
 
@@ -28,25 +28,7 @@ tagPOINT* Data(CArray<CPoint, CPoint>& points) {
 
 }  // namespace
 
-constinit CRuntimeClass CDrawGraph::classCDrawGraph{"CDrawGraph", VERSIONABLE_SCHEMA,
-                                                    &CDrawGraph::CreateObject,
-                                                    &CDrawGraph::_GetBaseClass, nullptr};
-
-CObject* CDrawGraph::CreateObject() {
-    return new CDrawGraph;
-}
-
-CRuntimeClass* CDrawGraph::GetThisClass() {
-    return &classCDrawGraph;
-}
-
-CRuntimeClass* CDrawGraph::_GetBaseClass() {
-    return CObject::GetThisClass();
-}
-
-CRuntimeClass* CDrawGraph::GetRuntimeClass() const {
-    return GetThisClass();
-}
+KV_DEFINE_CLASS_RECORD(CDrawGraph, VERSIONABLE_SCHEMA);
 
 CDrawGraph::CDrawGraph() {
     SetDefault();

@@ -1,19 +1,13 @@
+// Surfaces as rows of 24-bit bitmaps.
+
 #include <cstddef>
+#include <cstdint>
 
 #include <CKVFrameBuffer.h>
 
+#include "platform/bitmap/format.h"
 #include "surface/bgr_rows.h"
 #include "surface/holds.h"
-
-namespace {
-
-// Rows of three bytes a pixel, padded to 4 bytes. In 64 bits: a row of a very wide surface has more
-// bits than 32 bits count.
-std::size_t RowBytes24(DWORD width) {
-    return (std::size_t{width} * 24 + 31) / 32 * 4;
-}
-
-}  // namespace
 
 int CKVFrameBuffer::CopyBitmap24(BYTE* dst, tagBITMAPINFOHEADER* header, int topDown) const {
     if (dst == nullptr) {
@@ -23,7 +17,7 @@ int CKVFrameBuffer::CopyBitmap24(BYTE* dst, tagBITMAPINFOHEADER* header, int top
     if (m_Alloc == nullptr) {
         return -1;
     }
-    const std::size_t rowBytes = RowBytes24(GetWidth());
+    const std::uint64_t rowBytes = kv::dib::RowBytes(m_Width, 24);
     const std::size_t height = GetHeight();
     for (std::size_t y = 0; y < height; ++y) {
         const std::size_t row = topDown != 0 ? y : height - 1 - y;

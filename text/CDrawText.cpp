@@ -6,6 +6,8 @@
 #include <cstring>
 #include <iterator>
 
+#include "platform/system/class_record.h"
+
 namespace {
 
 // The Japanese gothic face in code page 932.
@@ -16,28 +18,9 @@ LONG InRangeOr0(LONG value, LONG max) {
     return value < 0 || value > max ? 0 : value;
 }
 
-const CRuntimeClassEntry kClassEntry(CDrawText::classCDrawText);
-
 }  // namespace
 
-constinit CRuntimeClass CDrawText::classCDrawText{
-    "CDrawText", VERSIONABLE_SCHEMA, &CDrawText::CreateObject, &CDrawText::_GetBaseClass, nullptr};
-
-CObject* CDrawText::CreateObject() {
-    return new CDrawText;
-}
-
-CRuntimeClass* CDrawText::GetThisClass() {
-    return &classCDrawText;
-}
-
-CRuntimeClass* CDrawText::_GetBaseClass() {
-    return CObject::GetThisClass();
-}
-
-CRuntimeClass* CDrawText::GetRuntimeClass() const {
-    return GetThisClass();
-}
+KV_DEFINE_CLASS_RECORD(CDrawText, VERSIONABLE_SCHEMA);
 
 CDrawText::CDrawText() {
     SetDefault();

@@ -1,3 +1,5 @@
+// Bitmaps of plain rows in memory of their own.
+
 #include "platform/bitmap/colour_bitmap.h"
 
 #include <algorithm>

@@ -1,3 +1,5 @@
+// What a bitmap header says of its rows.
+
 #include "platform/bitmap/format.h"
 
 #include <algorithm>
@@ -8,7 +10,6 @@
 namespace kv::dib {
 namespace {
 
-constexpr std::size_t kHeaderBytes = sizeof(tagBITMAPINFOHEADER);
 constexpr std::size_t kMaskBytes = 3 * sizeof(DWORD);
 
 Channel ChannelOf(DWORD mask) {

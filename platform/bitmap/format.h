@@ -10,6 +10,8 @@
 
 namespace kv::dib {
 
+inline constexpr std::size_t kHeaderBytes = sizeof(tagBITMAPINFOHEADER);
+
 /// The bytes of a row of such pixels, padded to 32 bits; 0 for a width below 1.
 std::uint64_t RowBytes(LONG width, unsigned int bits);
 

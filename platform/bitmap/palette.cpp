@@ -1,3 +1,5 @@
+// Palettes as lists of entries.
+
 #include "platform/palette.h"
 
 #include <algorithm>

@@ -1,3 +1,5 @@
+// Rows of every plain format to and from colours and indices.
+
 #include "platform/bitmap/rows.h"
 
 #include <array>

@@ -1,3 +1,5 @@
+// Run-length rows, decoded.
+
 #include "platform/bitmap/run_length.h"
 
 #include <algorithm>
@@ -26,8 +28,8 @@ void RunLengthReader::Literal(std::span<BYTE> row, std::size_t count) {
     m_Column += count;
     const std::size_t bytes = m_Bits == 8 ? count : (count + 1) / 2;
     const auto stored = m_Data.subspan(m_At, std::min(bytes, m_Data.size() - m_At));
-    const std::size_t there = std::min(count, stored.size() * 8 / m_Bits);
-    const std::size_t end = begin + std::min(there, row.size() - begin);
+    const std::size_t given = std::min(count, stored.size() * 8 / m_Bits);
+    const std::size_t end = begin + std::min(given, row.size() - begin);
     if (m_Bits == 8 && end > begin) {
         std::memcpy(row.data() + begin, stored.data(), end - begin);
     }

@@ -1,3 +1,5 @@
+// Run-length rows, encoded: runs where they are worth a packet, else literal pixels.
+
 #include <algorithm>
 #include <cstring>
 
