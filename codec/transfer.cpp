@@ -10,7 +10,7 @@
 namespace kv {
 namespace {
 
-constexpr UINT kOpenToRead = CFile::typeBinary | CFile::shareDenyWrite | CFile::modeRead;
+constexpr UINT kOpenToRead = CFile::typeBinary | CFile::modeRead;
 constexpr UINT kOpenToWrite =
     CFile::typeBinary | CFile::modeCreate | CFile::shareExclusive | CFile::modeWrite;
 
@@ -59,8 +59,8 @@ void WriteChunks(CFile& file, const BYTE* bytes, DWORD size) {
     }
 }
 
-int OpenToLoad(CFile& file, const char* name) {
-    return CauseOfOpen(file, name, kOpenToRead);
+int OpenToLoad(CFile& file, const char* name, UINT share) {
+    return CauseOfOpen(file, name, kOpenToRead | share);
 }
 
 int OpenToSave(CFile& file, const char* name) {

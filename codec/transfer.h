@@ -32,8 +32,9 @@ FileData ReadRest(CFile& file, std::uint64_t most, DWORD chunk);
 
 void WriteChunks(CFile& file, const BYTE* bytes, DWORD size);
 
-/// Opens a file for reading, or makes it for writing: 0, or the positive cause code.
-int OpenToLoad(CFile& file, const char* name);
+/// Opens a file for reading, or makes it for writing: 0, or the positive cause code. share: what
+/// others may do with a file that is read meanwhile; one that is written is nobody else's.
+int OpenToLoad(CFile& file, const char* name, UINT share);
 int OpenToSave(CFile& file, const char* name);
 
 /// The answer to a file that was written: result, or -1 when closing it fails.
@@ -41,9 +42,9 @@ int CloseSaved(CFile& file, int result);
 
 /// Opens the file and gives the codec's answer, or the cause code when it cannot be opened.
 template <typename Load>
-int LoadNamed(const char* name, const Load& load) {
+int LoadNamed(const char* name, const Load& load, UINT share = CFile::shareDenyWrite) {
     CFile file;
-    const int cause = OpenToLoad(file, name);
+    const int cause = OpenToLoad(file, name, share);
     return cause != 0 ? cause : load(file);
 }
 

@@ -1,36 +1,17 @@
-// 24-bit BMP files of the image object; the files themselves are CDib's.
+// 24-bit BMP files as pictures; the files themselves are CDib's.
+
+#include "image/bmp_image.h"
 
 #include <memory>
 #include <new>
 
 #include <CDib.h>
-#include <CImgFile.h>
 
+#include "codec/transfer.h"
 #include "platform/bitmap/format.h"
 #include "surface/bgr_rows.h"
 
 namespace {
-
-constexpr UINT kOpenToRead = CFile::modeRead | CFile::shareDenyNone | CFile::typeBinary;
-constexpr UINT kOpenToWrite = CFile::modeCreate | CFile::modeWrite | CFile::typeBinary;
-
-bool ReadFile(const char* name, CDib& dib) {
-    CFile file;
-    return file.Open(name, kOpenToRead) && dib.Read(&file) == 1;
-}
-
-bool WriteFile(const char* name, CDib& dib) {
-    CFile file;
-    if (!file.Open(name, kOpenToWrite) || dib.Write(&file) != 1) {
-        return false;
-    }
-    try {
-        file.Close();  // some file systems report a full disk only now
-    } catch (const CException&) {
-        return false;
-    }
-    return true;
-}
 
 std::uint64_t RowBytes(LONG width) {
     return kv::dib::RowBytes(width, 24);
@@ -58,10 +39,10 @@ bool Convert(const CDib& dib, CKVFrameBuffer& fb) {
     return true;
 }
 
-bool Save(const char* name, const CKVFrameBuffer& fb) {
+int Save(const char* name, const CKVFrameBuffer& fb) {
     const CSize size = fb.GetWH();
     if (size.cx < 1 || size.cy < 1) {
-        return false;
+        return -1;
     }
     const std::uint64_t rowBytes = RowBytes(size.cx);
     const std::uint64_t bytes = rowBytes * fb.GetHeight();
@@ -70,15 +51,19 @@ bool Save(const char* name, const CKVFrameBuffer& fb) {
         std::fill_n(&rows[end - 4], 4, BYTE{0});  // what pads a row
     }
     CDib dib(rows.get(), size, 24, 0);
-    return fb.CopyBitmap24(rows.get(), dib.m_Header, 0) == 0 && WriteFile(name, dib);
+    if (fb.CopyBitmap24(rows.get(), dib.m_Header, 0) != 0) {
+        return -1;
+    }
+    return kv::SaveNamed(name, [&dib](CFile& file) { return dib.Write(&file) == 1 ? 0 : -1; });
 }
 
 }  // namespace
 
-std::int64_t CImgFile::BmpImageLoad(const char* name, CKVFrameBuffer* fb, LONG* keyFlag) {
+std::int64_t kv::LoadBmpImage(const char* name, CKVFrameBuffer* fb, LONG* keyFlag) {
     try {
         CDib dib;
-        if (!ReadFile(name, dib) || !Convert(dib, *fb)) {
+        const auto read = [&dib](CFile& file) { return dib.Read(&file) == 1 ? 0 : -1; };
+        if (LoadNamed(name, read, CFile::shareDenyNone) != 0 || !Convert(dib, *fb)) {
             return -1;
         }
     } catch (const std::bad_alloc&) {
@@ -88,9 +73,9 @@ std::int64_t CImgFile::BmpImageLoad(const char* name, CKVFrameBuffer* fb, LONG* 
     return 0;
 }
 
-int CImgFile::BmpImageSave(const char* name, const CKVFrameBuffer* fb) {
+int kv::SaveBmpImage(const char* name, const CKVFrameBuffer* fb) {
     try {
-        return fb != nullptr && Save(name, *fb) ? 0 : -1;
+        return fb != nullptr && Save(name, *fb) == 0 ? 0 : -1;
     } catch (const std::bad_alloc&) {
         return -1;
     }

@@ -1,33 +1,14 @@
+// The picture formats: a row each, chosen by the extension of a path.
+
 #include <CImgFile.h>
 #include <CKVPictImage.h>
 #include <CKVTargaImage.h>
 #include <platform/exception.h>
 
+#include "image/bmp_image.h"
 #include "platform/text/mbcs.h"
 
 namespace {
-
-enum class Format { kUnknown, kTarga, kPict, kBitmap, kJpeg };
-
-Format FormatOf(const char* path) {
-    constexpr struct {
-        const char* extension;
-        Format format;
-    } kFormats[] = {{".tga", Format::kTarga},
-                    {".pct", Format::kPict},
-                    {".bmp", Format::kBitmap},
-                    {".jpg", Format::kJpeg}};
-    char drive[3], directory[256], name[256], extension[256];
-    if (kv::_splitpath_s(path, drive, directory, name, extension) != 0) {
-        return Format::kUnknown;
-    }
-    for (const auto& known : kFormats) {
-        if (kv::_mbsicmp(extension, known.extension) == 0) {
-            return known.format;
-        }
-    }
-    return Format::kUnknown;
-}
 
 template <typename Codec>
 std::int64_t LoadBy(const char* name, CKVFrameBuffer* fb, LONG* keyFlag) {
@@ -39,13 +20,41 @@ std::int64_t LoadBy(const char* name, CKVFrameBuffer* fb, LONG* keyFlag) {
     return 0;
 }
 
-template <typename Codec>
-int SaveBy(const char* name, const CKVFrameBuffer* fb, LONG mode) {
+template <typename Codec, LONG kMode>
+int SaveBy(const char* name, const CKVFrameBuffer* fb) {
     try {
-        return Codec().SaveImage(name, fb, mode) == 0 ? 0 : -1;
+        return Codec().SaveImage(name, fb, kMode) == 0 ? 0 : -1;
     } catch (const CException&) {
         return -1;  // of a target in which one cannot seek
     }
+}
+
+// Both calls answer 0, or -1 whatever the cause.
+struct Format {
+    const char* extension;
+    std::int64_t (*load)(const char* name, CKVFrameBuffer* fb, LONG* keyFlag);
+    int (*save)(const char* name, const CKVFrameBuffer* fb);
+};
+
+constexpr Format kTarga{".tga", LoadBy<CKVTargaImage>, SaveBy<CKVTargaImage, 1>};
+constexpr Format kPict{".pct", LoadBy<CKVPictImage>, SaveBy<CKVPictImage, 0>};
+constexpr Format kBitmap{".bmp", kv::LoadBmpImage, kv::SaveBmpImage};
+
+// ".jpg" is refused as every extension without a row is.
+constexpr Format kFormats[] = {kTarga, kPict, kBitmap};
+
+// Null for a format that is not known.
+const Format* FormatOf(const char* path) {
+    char drive[3], directory[256], name[256], extension[256];
+    if (kv::_splitpath_s(path, drive, directory, name, extension) != 0) {
+        return nullptr;
+    }
+    for (const Format& format : kFormats) {
+        if (kv::_mbsicmp(extension, format.extension) == 0) {
+            return &format;
+        }
+    }
+    return nullptr;
 }
 
 }  // namespace
@@ -56,24 +65,11 @@ std::int64_t CImgFile::LoadImg(const char* name, CKVFrameBuffer* fb, LONG* keyFl
     }
     fb->DeleteFrameBuffer();
     LONG dropped = 0;
-    LONG* const flag = keyFlag != nullptr ? keyFlag : &dropped;
-    std::int64_t result = -1;
-    switch (FormatOf(name)) {
-        case Format::kTarga:
-            result = TgaImageLoad(name, fb, flag);
-            break;
-        case Format::kPict:
-            result = PictImageLoad(name, fb, flag);
-            break;
-        case Format::kBitmap:
-            result = BmpImageLoad(name, fb, flag);
-            break;
-        case Format::kJpeg:
-            result = JpegImageLoad(name, fb, flag);
-            break;
-        case Format::kUnknown:
-            break;
+    const Format* const format = FormatOf(name);
+    if (format == nullptr) {
+        return -1;
     }
+    const std::int64_t result = format->load(name, fb, keyFlag != nullptr ? keyFlag : &dropped);
     if (result != 0) {
         fb->DeleteFrameBuffer();  // of a broken file the part that was read
     }
@@ -84,20 +80,9 @@ int CImgFile::ImageFileLoad() {
     return static_cast<int>(LoadImg(m_FileName, &m_Img, &m_KeyFlag));
 }
 
-int CImgFile::ImageFileSave(const char* name, const CKVFrameBuffer* fb, LONG a, LONG b) {
-    switch (FormatOf(name)) {
-        case Format::kTarga:
-            return TgaImageSave(name, fb);
-        case Format::kPict:
-            return PictImageSave(name, fb);
-        case Format::kBitmap:
-            return BmpImageSave(name, fb);
-        case Format::kJpeg:
-            return JpegImageSave(name, fb, a, b);
-        case Format::kUnknown:
-            break;
-    }
-    return -1;
+int CImgFile::ImageFileSave(const char* name, const CKVFrameBuffer* fb, LONG /*a*/, LONG /*b*/) {
+    const Format* const format = FormatOf(name);
+    return format != nullptr ? format->save(name, fb) : -1;
 }
 
 int CImgFile::TgaImageLoad(const char* name) {
@@ -117,11 +102,15 @@ int CImgFile::JpegImageLoad(const char* name) {
 }
 
 std::int64_t CImgFile::TgaImageLoad(const char* name, CKVFrameBuffer* fb, LONG* keyFlag) {
-    return LoadBy<CKVTargaImage>(name, fb, keyFlag);
+    return kTarga.load(name, fb, keyFlag);
 }
 
 std::int64_t CImgFile::PictImageLoad(const char* name, CKVFrameBuffer* fb, LONG* keyFlag) {
-    return LoadBy<CKVPictImage>(name, fb, keyFlag);
+    return kPict.load(name, fb, keyFlag);
+}
+
+std::int64_t CImgFile::BmpImageLoad(const char* name, CKVFrameBuffer* fb, LONG* keyFlag) {
+    return kBitmap.load(name, fb, keyFlag);
 }
 
 std::int64_t CImgFile::JpegImageLoad(const char* /*name*/, CKVFrameBuffer* /*fb*/,
@@ -130,11 +119,15 @@ std::int64_t CImgFile::JpegImageLoad(const char* /*name*/, CKVFrameBuffer* /*fb*
 }
 
 int CImgFile::TgaImageSave(const char* name, const CKVFrameBuffer* fb) {
-    return SaveBy<CKVTargaImage>(name, fb, 1);
+    return kTarga.save(name, fb);
 }
 
 int CImgFile::PictImageSave(const char* name, const CKVFrameBuffer* fb) {
-    return SaveBy<CKVPictImage>(name, fb, 0);
+    return kPict.save(name, fb);
+}
+
+int CImgFile::BmpImageSave(const char* name, const CKVFrameBuffer* fb) {
+    return kBitmap.save(name, fb);
 }
 
 int CImgFile::JpegImageSave(const char* /*name*/, const CKVFrameBuffer* /*fb*/, LONG /*a*/,
