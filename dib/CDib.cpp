@@ -1,5 +1,4 @@
-// The bitmap object's parts: header, colours and rows, who owns them, and what follows from a
-// header.
+// The bitmap object as data: header, colours and rows, and who owns them.
 
 #include "CDib.h"
 
