@@ -25,9 +25,9 @@ int ResultOf(kv::Outcome outcome) {
 // The picture with edge and shadow around it. As a body it is there already, so this cannot fail.
 kv::Arrangement RenderPicture(CKVFrameBuffer& target, const tagKVBWDRAWINFO& info,
                               const CKVFrameBuffer& picture, kv::AloneSize size) {
-    kv::Layer body;
-    kv::TakePicture(picture, body);
-    return kv::RenderAlone(target, info, body, size).arranged;
+    kv::Layer layer;
+    kv::TakePicture(picture, layer);
+    return kv::RenderAlone(target, info, layer, size).arranged;
 }
 
 int PaintBy(const std::optional<kv::PaintSource>& source, const CKVGrayBitmap* gray,
@@ -38,137 +38,137 @@ int PaintBy(const std::optional<kv::PaintSource>& source, const CKVGrayBitmap* g
 
 }  // namespace
 
-int CKVBwDraw::DispFb(CKVFrameBuffer* pFb, tagKVBWDRAWINFO* pInfo, const CKVMonoBitmap* pMono,
-                      CBox* pBox) {
-    m_pFb = pFb;
-    m_pInfo = pInfo;
-    kv::Layer body;
-    if (!kv::Reduce(pInfo->AntiScale, *pMono, body.coverage)) {
+int CKVBwDraw::DispFb(CKVFrameBuffer* fb, tagKVBWDRAWINFO* info, const CKVMonoBitmap* mask,
+                      CBox* box) {
+    m_pFb = fb;
+    m_pInfo = info;
+    kv::Layer layer;
+    if (!kv::Reduce(info->AntiScale, *mask, layer.coverage)) {
         return kFailed;
     }
-    const kv::RenderedOnto rendered = kv::RenderOnto(*pFb, *pInfo, body);
+    const kv::RenderedOnto rendered = kv::RenderOnto(*fb, *info, layer);
     if (rendered.outcome) {
-        *pBox = rendered.touched;
+        *box = rendered.touched;
     }
     return ResultOf(rendered.outcome);
 }
 
-int CKVBwDraw::SetFb(CKVFrameBuffer* pFb, tagKVBWDRAWINFO* pInfo, const CKVMonoBitmap* pMono,
-                     CBox& Eria, CBox& Body, CBox& Edge, CBox& Shad) {
-    m_pFb = pFb;
-    m_pInfo = pInfo;
-    kv::Layer body;
-    if (!kv::Reduce(pInfo->AntiScale, *pMono, body.coverage)) {
+int CKVBwDraw::SetFb(CKVFrameBuffer* fb, tagKVBWDRAWINFO* info, const CKVMonoBitmap* mask,
+                     CBox& eria, CBox& body, CBox& edge, CBox& shad) {
+    m_pFb = fb;
+    m_pInfo = info;
+    kv::Layer layer;
+    if (!kv::Reduce(info->AntiScale, *mask, layer.coverage)) {
         return kFailed;
     }
-    const kv::RenderedAlone rendered = kv::RenderAlone(*pFb, *pInfo, body, kv::AloneSize::kToFit);
+    const kv::RenderedAlone rendered = kv::RenderAlone(*fb, *info, layer, kv::AloneSize::kToFit);
     if (rendered.outcome) {
-        rendered.arranged.CopyTo(Eria, Body, Edge, Shad);
+        rendered.arranged.CopyTo(eria, body, edge, shad);
     }
     return ResultOf(rendered.outcome);
 }
 
-int CKVBwDraw::SetImgEdgeShadow(CKVFrameBuffer* pFb, tagKVBWDRAWINFO* pInfo,
-                                const CKVFrameBuffer* pSrc, CBox& Eria, CBox& Body, CBox& Edge,
-                                CBox& Shad) {
-    m_pFb = pFb;
-    m_pInfo = pInfo;
-    if (pFb == nullptr || pInfo == nullptr || pSrc == nullptr) {
+int CKVBwDraw::SetImgEdgeShadow(CKVFrameBuffer* fb, tagKVBWDRAWINFO* info,
+                                const CKVFrameBuffer* source, CBox& eria, CBox& body, CBox& edge,
+                                CBox& shad) {
+    m_pFb = fb;
+    m_pInfo = info;
+    if (fb == nullptr || info == nullptr || source == nullptr) {
         return kFailed;
     }
-    RenderPicture(*pFb, *pInfo, *pSrc, kv::AloneSize::kToFit).CopyTo(Eria, Body, Edge, Shad);
+    RenderPicture(*fb, *info, *source, kv::AloneSize::kToFit).CopyTo(eria, body, edge, shad);
     return kDone;
 }
 
-int CKVBwDraw::SetFullImgEdgeShadow(CKVFrameBuffer* pFb, tagKVBWDRAWINFO* pInfo,
-                                    const CKVFrameBuffer* pSrc, CBox& Eria, CBox& Body, CBox& Edge,
-                                    CBox& Shad) {
-    m_pFb = pFb;
-    m_pInfo = pInfo;
-    if (pFb == nullptr || pInfo == nullptr || pSrc == nullptr) {
+int CKVBwDraw::SetFullImgEdgeShadow(CKVFrameBuffer* fb, tagKVBWDRAWINFO* info,
+                                    const CKVFrameBuffer* source, CBox& eria, CBox& body,
+                                    CBox& edge, CBox& shad) {
+    m_pFb = fb;
+    m_pInfo = info;
+    if (fb == nullptr || info == nullptr || source == nullptr) {
         return kFailed;
     }
-    RenderPicture(*pFb, *pInfo, *pSrc, kv::AloneSize::kOfBody).CopyTo(Eria, Body, Edge, Shad);
+    RenderPicture(*fb, *info, *source, kv::AloneSize::kOfBody).CopyTo(eria, body, edge, shad);
     return kDone;
 }
 
-int CKVBwDraw::KeyToGray(const CKVFrameBuffer* pFb, CKVGrayBitmap* pGray) {
-    return pFb != nullptr && pGray != nullptr ? ResultOf(kv::TakeKeys(*pFb, *pGray)) : kFailed;
+int CKVBwDraw::KeyToGray(const CKVFrameBuffer* fb, CKVGrayBitmap* coverage) {
+    return fb != nullptr && coverage != nullptr ? ResultOf(kv::TakeKeys(*fb, *coverage)) : kFailed;
 }
 
-int CKVBwDraw::MakeAntiGray(int Scale, const CKVMonoBitmap* pMono, CKVGrayBitmap* pGray) {
-    return ResultOf(kv::Reduce(Scale, *pMono, *pGray));
+int CKVBwDraw::MakeAntiGray(int scale, const CKVMonoBitmap* mask, CKVGrayBitmap* coverage) {
+    return ResultOf(kv::Reduce(scale, *mask, *coverage));
 }
 
-int CKVBwDraw::MakeFb_Color(const CKVGrayBitmap* pGray, CKVFrameBuffer* pFb, const DWORD* pCol) {
-    return PaintBy(kv::SourceOf(kv::kColourPaint, pCol, nullptr, nullptr), pGray, pFb);
+int CKVBwDraw::MakeFb_Color(const CKVGrayBitmap* coverage, CKVFrameBuffer* fb, const DWORD* color) {
+    return PaintBy(kv::SourceOf(kv::kColourPaint, color, nullptr, nullptr), coverage, fb);
 }
 
-int CKVBwDraw::MakeFb_Grad(const CKVGrayBitmap* pGray, CKVFrameBuffer* pFb,
-                           const tagGRADINFO* pGrad) {
-    return PaintBy(kv::SourceOf(kv::kGradientPaint, nullptr, pGrad, nullptr), pGray, pFb);
+int CKVBwDraw::MakeFb_Grad(const CKVGrayBitmap* coverage, CKVFrameBuffer* fb,
+                           const tagGRADINFO* grad) {
+    return PaintBy(kv::SourceOf(kv::kGradientPaint, nullptr, grad, nullptr), coverage, fb);
 }
 
-int CKVBwDraw::MakeFb_Text(const CKVGrayBitmap* pGray, CKVFrameBuffer* pFb,
-                           const tagTEXTUREINFO* pText) {
-    return PaintBy(kv::SourceOf(kv::kTexturePaint, nullptr, nullptr, pText), pGray, pFb);
+int CKVBwDraw::MakeFb_Text(const CKVGrayBitmap* coverage, CKVFrameBuffer* fb,
+                           const tagTEXTUREINFO* texture) {
+    return PaintBy(kv::SourceOf(kv::kTexturePaint, nullptr, nullptr, texture), coverage, fb);
 }
 
-int CKVBwDraw::GrayToFb(const CKVGrayBitmap* pGray, CKVFrameBuffer* pFb, const tagMAPINFO* pMap) {
-    return pMap != nullptr
-               ? PaintBy(kv::SourceOf(pMap->Mode, pMap->Col, pMap->Grad, pMap->Text), pGray, pFb)
+int CKVBwDraw::GrayToFb(const CKVGrayBitmap* coverage, CKVFrameBuffer* fb, const tagMAPINFO* map) {
+    return map != nullptr
+               ? PaintBy(kv::SourceOf(map->Mode, map->Col, map->Grad, map->Text), coverage, fb)
                : kFailed;
 }
 
-int CKVBwDraw::Pis_Grad_Paint(DWORD* pPixels, int Width, int Height, int x, int y, DWORD Col1,
-                              DWORD Col2, int Patern) {
-    if (pPixels != nullptr) {
-        kv::PaintBareRamp(pPixels, Width, Height, {0, Patern, x, y, Col1, Col2});
+int CKVBwDraw::Pis_Grad_Paint(DWORD* pixels, int width, int height, int x, int y, DWORD col1,
+                              DWORD col2, int patern) {
+    if (pixels != nullptr) {
+        kv::PaintBareRamp(pixels, width, height, {0, patern, x, y, col1, col2});
     }
     return kDone;
 }
 
-int CKVBwDraw::Pis_Grad_Paint_Set1(int Type, int x, int y, int Left, int Top, int Right, int Bottom,
-                                   int* pCx, int* pCy, int* pLen) {
-    const kv::RampExtent extent = kv::MeasureRamp(Type, x, y, {Left, Top, Right, Bottom});
-    *pLen = extent.length;
+int CKVBwDraw::Pis_Grad_Paint_Set1(int type, int x, int y, int left, int top, int right, int bottom,
+                                   int* centreX, int* centreY, int* length) {
+    const kv::RampExtent extent = kv::MeasureRamp(type, x, y, {left, top, right, bottom});
+    *length = extent.length;
     if (extent.hasCentre) {
-        *pCx = extent.centreX;
-        *pCy = extent.centreY;
+        *centreX = extent.centreX;
+        *centreY = extent.centreY;
     }
     return kDone;
 }
 
-int CKVBwDraw::Pis_Grad_Paint_Conv(int Type, int PosX, int PosY, int Left, int Top, int Right,
-                                   int Bottom, int Cx, int Cy, double* pOut) {
-    *pOut = kv::RampDistance(Type, PosX, PosY, {Left, Top, Right, Bottom}, Cx, Cy);
+int CKVBwDraw::Pis_Grad_Paint_Conv(int type, int posX, int posY, int left, int top, int right,
+                                   int bottom, int centreX, int centreY, double* distance) {
+    *distance = kv::RampDistance(type, posX, posY, {left, top, right, bottom}, centreX, centreY);
     return kDone;
 }
 
-int CKVBwDraw::MakeEdge(int Type, int Size, int /*SoftPen*/, const CKVGrayBitmap* pSrc,
-                        CKVGrayBitmap* pDst) {
-    return ResultOf(kv::MakeEdge({Type, Size}, *pSrc, *pDst));
+int CKVBwDraw::MakeEdge(int type, int size, int /*softPen*/, const CKVGrayBitmap* source,
+                        CKVGrayBitmap* target) {
+    return ResultOf(kv::MakeEdge({type, size}, *source, *target));
 }
 
-int CKVBwDraw::GrayMakeNomEdge(int Size, const CKVGrayBitmap* pSrc, CKVGrayBitmap* pDst) {
-    return ResultOf(kv::GrowHard(Size, *pSrc, *pDst));
+int CKVBwDraw::GrayMakeNomEdge(int size, const CKVGrayBitmap* source, CKVGrayBitmap* target) {
+    return ResultOf(kv::GrowHard(size, *source, *target));
 }
 
-int CKVBwDraw::GrayMakeSoftEdge(int Size, int /*SoftPen*/, const CKVGrayBitmap* pSrc,
-                                CKVGrayBitmap* pDst) {
-    return ResultOf(kv::GrowSoft(Size, *pSrc, *pDst));
+int CKVBwDraw::GrayMakeSoftEdge(int size, int /*softPen*/, const CKVGrayBitmap* source,
+                                CKVGrayBitmap* target) {
+    return ResultOf(kv::GrowSoft(size, *source, *target));
 }
 
-int CKVBwDraw::FilterBlush(unsigned char* pBuf, int Size, int Pen) {
-    kv::FillBrush(pBuf, Size, Pen);
+int CKVBwDraw::FilterBlush(unsigned char* brush, int size, int pen) {
+    kv::FillBrush(brush, size, pen);
     return kDone;
 }
 
-int CKVBwDraw::MakeShadow(int Type, int Size, int SoftSize, int /*SoftPen*/,
-                          const CKVGrayBitmap* pSrc, CKVGrayBitmap* pDst) {
-    return ResultOf(kv::CastShadow({Type, Size, SoftSize}, *pSrc, *pDst));
+int CKVBwDraw::MakeShadow(int type, int size, int softSize, int /*softPen*/,
+                          const CKVGrayBitmap* source, CKVGrayBitmap* target) {
+    return ResultOf(kv::CastShadow({type, size, softSize}, *source, *target));
 }
 
-int CKVBwDraw::Make3DShadow(DWORD Size, const CKVGrayBitmap* pSrc, CKVGrayBitmap* pDst) {
-    return ResultOf(kv::Extrude(static_cast<LONG>(Size), *pSrc, *pDst));
+int CKVBwDraw::Make3DShadow(DWORD size, const CKVGrayBitmap* source, CKVGrayBitmap* target) {
+    return ResultOf(kv::Extrude(static_cast<LONG>(size), *source, *target));
 }

@@ -106,14 +106,14 @@ class KVDRAW_API CKVFrameBuffer {
     int FbCopyMask(const CKVFrameBuffer* src, const CKVGrayBitmap* mask, LONG sx, LONG sy, LONG w,
                    LONG h, LONG dx, LONG dy, CBox* box);
 
-    /// CKVBwDraw::SetImgEdgeShadow with this surface as the source: replaces pDst, which may be
+    /// CKVBwDraw::SetImgEdgeShadow with this surface as the source: replaces target, which may be
     /// this surface, by the picture with its edge and shadow, made to fit. -1 when a pointer is
     /// null.
-    int SetEdge(CKVFrameBuffer* pDst, tagKVBWDRAWINFO* pInfo, CBox& Eria, CBox& Body, CBox& Edge,
-                CBox& Shad) const;
+    int SetEdge(CKVFrameBuffer* target, tagKVBWDRAWINFO* info, CBox& eria, CBox& body, CBox& edge,
+                CBox& shad) const;
 
     /// The same within the picture's own size; what lies outside is cut off.
-    int SetEdgeOrgSize(CKVFrameBuffer* pDst, tagKVBWDRAWINFO* pInfo) const;
+    int SetEdgeOrgSize(CKVFrameBuffer* target, tagKVBWDRAWINFO* info) const;
 
     /// Writes the picture as 24-bit rows (blue, green, red) padded to 4 bytes; padding bytes are
     /// left alone. The bottom row comes first unless topDown is not 0. dst must hold (width * 24 +

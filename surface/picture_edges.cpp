@@ -4,12 +4,12 @@
 #include <CKVBwDraw.h>
 #include <CKVFrameBuffer.h>
 
-int CKVFrameBuffer::SetEdge(CKVFrameBuffer* pDst, tagKVBWDRAWINFO* pInfo, CBox& Eria, CBox& Body,
-                            CBox& Edge, CBox& Shad) const {
-    return CKVBwDraw().SetImgEdgeShadow(pDst, pInfo, this, Eria, Body, Edge, Shad);
+int CKVFrameBuffer::SetEdge(CKVFrameBuffer* target, tagKVBWDRAWINFO* info, CBox& eria, CBox& body,
+                            CBox& edge, CBox& shad) const {
+    return CKVBwDraw().SetImgEdgeShadow(target, info, this, eria, body, edge, shad);
 }
 
-int CKVFrameBuffer::SetEdgeOrgSize(CKVFrameBuffer* pDst, tagKVBWDRAWINFO* pInfo) const {
+int CKVFrameBuffer::SetEdgeOrgSize(CKVFrameBuffer* target, tagKVBWDRAWINFO* info) const {
     CBox eria, body, edge, shad;
-    return CKVBwDraw().SetFullImgEdgeShadow(pDst, pInfo, this, eria, body, edge, shad);
+    return CKVBwDraw().SetFullImgEdgeShadow(target, info, this, eria, body, edge, shad);
 }

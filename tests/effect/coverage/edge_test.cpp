@@ -161,6 +161,12 @@ TEST(Edges, RefuseWhatCannotBe) {
     EXPECT_EQ(draw.Make3DShadow(3, &source, &target), -1);
     EXPECT_EQ(target.Width, 5);
     EXPECT_EQ(draw.MakeEdge(0, 0x7FFFFFFF, 0, &source, &target), -1);
+    const BYTE* const bits = source.Bits;
+    for (const int type : {0, 1, 2}) {  // a source that is its own target
+        EXPECT_EQ(draw.MakeEdge(type, 1, 0, &source, &source), -1);
+        EXPECT_EQ(draw.MakeShadow(type, 300, 1, 0, &source, &source), -1);
+    }
+    EXPECT_EQ(source.Bits, bits);
 }
 
 TEST(Shadows, SmearAlongTheDiagonal) {
