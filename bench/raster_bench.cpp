@@ -15,7 +15,7 @@
 
 namespace {
 
-using namespace kv::gdi;
+using namespace kv::raster;
 
 constexpr int kGlyphs = 20;
 constexpr double kGlyphSize = 768.0;

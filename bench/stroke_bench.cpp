@@ -11,7 +11,7 @@
 
 namespace {
 
-using namespace kv::gdi;
+using namespace kv::raster;
 
 constexpr int kWidth = 30000;
 constexpr int kHeight = 16000;

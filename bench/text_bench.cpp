@@ -87,14 +87,15 @@ BENCHMARK(FillSameBits)->Unit(benchmark::kMillisecond);
 
 // The same glyphs at the same size, each into a cleared bitmap of its own.
 void FreeTypeMonochrome(benchmark::State& state) {
-    const auto found = kv::gdi::FontCatalogue::Get().Find("MS Gothic");
+    const auto found = kv::font::FontCatalogue::Get().Find("MS Gothic");
     if (!found) {
         state.SkipWithError("no font");
         return;
     }
-    const kv::gdi::FaceRecord& record = found->family->faces.front();
-    const kv::gdi::FreeTypeLibrary library = kv::gdi::OpenFreeType();
-    const kv::gdi::FreeTypeFace face = kv::gdi::OpenFace(library.get(), record.file, record.index);
+    const kv::font::FaceRecord& record = found->family->faces.front();
+    const kv::font::FreeTypeLibrary library = kv::font::OpenFreeType();
+    const kv::font::FreeTypeFace face =
+        kv::font::OpenFace(library.get(), record.file, record.index);
     const double em = kCell * double(record.metrics.unitsPerEm) /
                       (record.metrics.ascent + record.metrics.descent);
     FT_Set_Char_Size(face.get(), FT_F26Dot6(em * 64), 0, 72, 72);

@@ -2,7 +2,7 @@
 
 #include "raster/path.h"
 
-namespace kv::gdi {
+namespace kv::raster {
 
 /// x' = xx * x + xy * y + dx, y' = yx * x + yy * y + dy.
 struct Affine {
@@ -21,4 +21,4 @@ struct Affine {
     }
 };
 
-}  // namespace kv::gdi
+}  // namespace kv::raster

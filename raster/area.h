@@ -2,7 +2,7 @@
 
 #include "raster/contours.h"
 
-namespace kv::gdi {
+namespace kv::raster {
 
 /// Contours to be filled with set or with clear pixels.
 struct Area {
@@ -20,4 +20,4 @@ class AreaSink {
     ~AreaSink() = default;
 };
 
-}  // namespace kv::gdi
+}  // namespace kv::raster

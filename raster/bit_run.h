@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <cstring>
 
-namespace kv::gdi {
+namespace kv::raster {
 
 /// What a row of bits is written in. Words are counted from the row's start, so that the last one
 /// may reach beyond the row by less than its own size.
@@ -56,4 +56,4 @@ inline void FillBits(std::uint8_t* row, std::uint32_t begin, std::uint32_t end, 
     ApplyMask(lastWord, tail, value);
 }
 
-}  // namespace kv::gdi
+}  // namespace kv::raster

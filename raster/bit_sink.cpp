@@ -5,7 +5,7 @@
 #include "base/narrow.h"
 #include "raster/bit_run.h"
 
-namespace kv::gdi {
+namespace kv::raster {
 
 // A shift may put the bounds past 32 bits; what is lost there no clip can name.
 Clip BitSink::Bounds() const {
@@ -30,4 +30,4 @@ void BitSink::Row(std::int32_t row, std::span<const Run> runs) {
     }
 }
 
-}  // namespace kv::gdi
+}  // namespace kv::raster

@@ -3,7 +3,7 @@
 #include "raster/bit_surface.h"
 #include "raster/runs.h"
 
-namespace kv::gdi {
+namespace kv::raster {
 
 /// Paints the runs of a shape onto a surface, the shape's origin at pixel (x, y) of the surface.
 class BitSink final : public RunSink {
@@ -23,4 +23,4 @@ class BitSink final : public RunSink {
     bool m_Value;
 };
 
-}  // namespace kv::gdi
+}  // namespace kv::raster

@@ -8,7 +8,7 @@
 
 #include "raster/bit_run.h"
 
-namespace kv::gdi {
+namespace kv::raster {
 
 std::shared_ptr<BitSurface> BitSurface::Create(std::int32_t width, std::int32_t height) {
     if (width < 1 || height < 1) {
@@ -56,4 +56,4 @@ void BitSurface::FillRect(std::int64_t left, std::int64_t top, std::int64_t righ
     }
 }
 
-}  // namespace kv::gdi
+}  // namespace kv::raster

@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <memory>
 
-namespace kv::gdi {
+namespace kv::raster {
 
 /// A one-bit picture: bit 7 of a byte is the leftmost pixel, rows are whole 16-bit words, bits that
 /// pad a row are always 0.
@@ -43,4 +43,4 @@ class BitSurface {
     std::int32_t m_Height = 0;
 };
 
-}  // namespace kv::gdi
+}  // namespace kv::raster

@@ -6,7 +6,7 @@
 #include <bit>
 #include <cstring>
 
-namespace kv::gdi {
+namespace kv::raster {
 
 BlockCounter::BlockCounter(std::int32_t scale, std::int32_t columns)
     : m_Shift(std::countr_zero(static_cast<std::uint32_t>(scale))),
@@ -57,4 +57,4 @@ void BlockCounter::Write(std::uint8_t* coverage) {
     m_Last = -1;
 }
 
-}  // namespace kv::gdi
+}  // namespace kv::raster

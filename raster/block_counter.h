@@ -6,7 +6,7 @@
 
 #include "raster/runs.h"
 
-namespace kv::gdi {
+namespace kv::raster {
 
 /// Counts the set pixels of one row of square blocks from the runs of its pixel rows.
 class BlockCounter {
@@ -31,4 +31,4 @@ class BlockCounter {
     std::int32_t m_Last;
 };
 
-}  // namespace kv::gdi
+}  // namespace kv::raster

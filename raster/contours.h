@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <vector>
 
-namespace kv::gdi {
+namespace kv::raster {
 
 /// A point in fixed point, kSubpixels units to the pixel. Pixel (column c, row r) covers
 /// c * kSubpixels to (c + 1) * kSubpixels and is sampled at its centre.
@@ -31,4 +31,4 @@ struct Contours {
 /// Which points lie inside contours that cross or wind about each other.
 enum class FillRule { kAlternate, kWinding };
 
-}  // namespace kv::gdi
+}  // namespace kv::raster

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace kv::gdi {
+namespace kv::raster {
 
 /// A point or a distance in pixels; a pixel's centre is at its corner plus a half.
 struct PathPoint {
@@ -87,4 +87,4 @@ struct EllipseArc {
     }
 };
 
-}  // namespace kv::gdi
+}  // namespace kv::raster

@@ -8,7 +8,7 @@
 #include "raster/run_set.h"
 #include "raster/scan_converter.h"
 
-namespace kv::gdi {
+namespace kv::raster {
 
 namespace {
 
@@ -95,4 +95,4 @@ void Drawing::ReadCoverage(std::int32_t scale, std::int32_t columns, std::uint8_
     }
 }
 
-}  // namespace kv::gdi
+}  // namespace kv::raster

@@ -5,7 +5,7 @@
 
 #include "raster/area.h"
 
-namespace kv::gdi {
+namespace kv::raster {
 
 /// A one-bit picture kept as the areas painted onto its clear ground instead of as bits. What is
 /// asked of it in the end is coverage, which it gives without ever holding the enlarged picture.
@@ -30,4 +30,4 @@ class Drawing final : public AreaSink {
     std::vector<Area> m_Areas;
 };
 
-}  // namespace kv::gdi
+}  // namespace kv::raster

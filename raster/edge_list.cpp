@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-namespace kv::gdi {
+namespace kv::raster {
 
 namespace {
 
@@ -152,4 +152,4 @@ void EdgeList::Chain(std::size_t from, std::size_t to) {
     }
 }
 
-}  // namespace kv::gdi
+}  // namespace kv::raster

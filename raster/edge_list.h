@@ -8,7 +8,7 @@
 #include "raster/contours.h"
 #include "raster/runs.h"
 
-namespace kv::gdi {
+namespace kv::raster {
 
 /// Where a side crosses a row, as one number that sorts by place: the first pixel not left of it,
 /// times kPlace, plus what it does, a CrossingKind.
@@ -59,4 +59,4 @@ class EdgeList {
     std::int32_t m_EndRow = 0;
 };
 
-}  // namespace kv::gdi
+}  // namespace kv::raster

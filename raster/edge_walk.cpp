@@ -6,7 +6,7 @@
 
 #include "base/vector.h"
 
-namespace kv::gdi {
+namespace kv::raster {
 namespace {
 
 // Sorts what is nearly sorted: by insertion until it has taken very many moves, as when thousands
@@ -198,4 +198,4 @@ std::span<const Crossing> EdgeWalk::TakeRow(std::int32_t row) {
     return {begin, count};
 }
 
-}  // namespace kv::gdi
+}  // namespace kv::raster

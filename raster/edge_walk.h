@@ -8,7 +8,7 @@
 
 #include "raster/edge_list.h"
 
-namespace kv::gdi {
+namespace kv::raster {
 
 /// Follows edges down the rows in strips: an edge is taken through all rows of a strip in one go,
 /// with its numbers in registers. At the head of a strip the edges stand in the order of their
@@ -53,4 +53,4 @@ class EdgeWalk {
     std::int64_t m_FirstRow = 0;
 };
 
-}  // namespace kv::gdi
+}  // namespace kv::raster

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace kv::gdi {
+namespace kv::raster {
 
 namespace {
 
@@ -68,4 +68,4 @@ void PathBuilder::Append(PathPoint point) {
     }
 }
 
-}  // namespace kv::gdi
+}  // namespace kv::raster

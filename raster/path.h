@@ -5,7 +5,7 @@
 #include "raster/contours.h"
 #include "raster/curves.h"
 
-namespace kv::gdi {
+namespace kv::raster {
 
 /// Appends closed contours to a list, curves cut into chords that stay within kFlatness pixels of
 /// them. A contour with a coordinate that is no finite number is left out whole.
@@ -37,4 +37,4 @@ class PathBuilder {
     bool m_Finite = true;
 };
 
-}  // namespace kv::gdi
+}  // namespace kv::raster

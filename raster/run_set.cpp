@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-namespace kv::gdi {
+namespace kv::raster {
 
 void RunSet::Add(std::span<const Run> runs) {
     if (m_View.empty()) {
@@ -55,4 +55,4 @@ void RunSet::Remove(std::span<const Run> runs) {
     m_View = m_Runs;
 }
 
-}  // namespace kv::gdi
+}  // namespace kv::raster

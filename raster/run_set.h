@@ -5,7 +5,7 @@
 
 #include "raster/runs.h"
 
-namespace kv::gdi {
+namespace kv::raster {
 
 /// The set pixels of one row: sorted runs that do not touch each other.
 class RunSet {
@@ -23,4 +23,4 @@ class RunSet {
     std::vector<Run> m_Next;  // working memory, kept from call to call
 };
 
-}  // namespace kv::gdi
+}  // namespace kv::raster

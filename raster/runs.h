@@ -4,7 +4,7 @@
 #include <span>
 
 // What passes between those that find pixels and those that set or count them.
-namespace kv::gdi {
+namespace kv::raster {
 
 /// Half-open pixel bounds.
 struct Clip {
@@ -30,4 +30,4 @@ class RunSink {
     ~RunSink() = default;
 };
 
-}  // namespace kv::gdi
+}  // namespace kv::raster

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cstring>
 
-namespace kv::gdi {
+namespace kv::raster {
 
 namespace {
 
@@ -115,4 +115,4 @@ std::size_t ScanConverter::MakeRuns(std::span<const Crossing> crossings) {
     return MergeTouching(m_Runs.data(), static_cast<std::size_t>(bound - first) / sizeof(Run));
 }
 
-}  // namespace kv::gdi
+}  // namespace kv::raster

@@ -9,7 +9,7 @@
 #include "raster/edge_walk.h"
 #include "raster/runs.h"
 
-namespace kv::gdi {
+namespace kv::raster {
 
 /// Turns contours into runs of pixels. The object keeps its working memory from one call to the
 /// next; one serves one thread.
@@ -39,4 +39,4 @@ class ScanConverter {
     std::vector<Run> m_Runs;
 };
 
-}  // namespace kv::gdi
+}  // namespace kv::raster

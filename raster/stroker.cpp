@@ -6,7 +6,7 @@
 #include <cmath>
 #include <numbers>
 
-namespace kv::gdi {
+namespace kv::raster {
 
 namespace {
 
@@ -222,4 +222,4 @@ void Stroker::AddDot() {
     m_Path.Close();
 }
 
-}  // namespace kv::gdi
+}  // namespace kv::raster

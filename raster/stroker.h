@@ -5,7 +5,7 @@
 
 #include "raster/path.h"
 
-namespace kv::gdi {
+namespace kv::raster {
 
 enum class PenCap { kRound, kFlat };
 enum class PenJoin { kRound, kMitre };
@@ -72,4 +72,4 @@ class Stroker {
     bool m_Drawn = false;  // something was drawn since MoveTo, if only without length
 };
 
-}  // namespace kv::gdi
+}  // namespace kv::raster

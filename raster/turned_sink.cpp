@@ -6,7 +6,7 @@
 
 #include "base/narrow.h"
 
-namespace kv::gdi {
+namespace kv::raster {
 
 TurnedSink::TurnedSink(BitSurface& surface, std::int32_t x, bool value)
     : m_Surface(surface), m_X(x), m_Value(value) {}
@@ -61,4 +61,4 @@ void TurnedSink::End() {
     m_Last = 0;
 }
 
-}  // namespace kv::gdi
+}  // namespace kv::raster

@@ -8,7 +8,7 @@
 #include "raster/bit_surface.h"
 #include "raster/runs.h"
 
-namespace kv::gdi {
+namespace kv::raster {
 
 /// Paints the runs of shapes turned clockwise by a right angle: pixel (u, v) of a shape goes to
 /// pixel (x - 1 - v, y + u) of the surface. They are the very pixels of the upright shape, which
@@ -47,4 +47,4 @@ class TurnedSink final : public RunSink {
     std::size_t m_Last = 0;       ///< to here
 };
 
-}  // namespace kv::gdi
+}  // namespace kv::raster

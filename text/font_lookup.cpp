@@ -44,7 +44,7 @@ bool HasMemoryFor(const Call& call) {
 
 int CKVFont::GetFontLogfont(HWND /*window*/, const char* name, tagLOGFONTA* out) {
     std::optional<LOGFONTA> found;
-    if (!HasMemoryFor([&] { found = kv::gdi::FirstOf(name == nullptr ? "" : name); })) {
+    if (!HasMemoryFor([&] { found = kv::font::FirstOf(name == nullptr ? "" : name); })) {
         return -1;
     }
     if (!found) {

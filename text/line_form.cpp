@@ -19,16 +19,16 @@ LOGFONTA LineForm::LookUpFace() const {
     LOGFONTA asked{};
     // The record's field may lack its terminator and hold more than a logical font does.
     const std::size_t length = strnlen(m_Info.FontName, sizeof m_Info.FontName);
-    gdi::StoreName({m_Info.FontName, length}, asked.lfFaceName);
+    font::StoreName({m_Info.FontName, length}, asked.lfFaceName);
     // An unknown family leaves all zero but the name: the platform's substitute then draws.
-    return gdi::FirstOf(asked.lfFaceName).value_or(asked);
+    return font::FirstOf(asked.lfFaceName).value_or(asked);
 }
 
 void LineForm::SetFontSize(LOGFONTA& description) const {
     description.lfHeight = SaturateToInt32(std::int64_t{m_Info.Size_Height} * Scale());
     description.lfWidth = 0;
     description.lfOrientation = 0;
-    description.lfWeight = m_Info.Weight != 0 ? gdi::kBoldWeight : gdi::kNormalWeight;
+    description.lfWeight = m_Info.Weight != 0 ? font::kBoldWeight : font::kNormalWeight;
     description.lfItalic = static_cast<BYTE>(m_Info.Italic);
 }
 

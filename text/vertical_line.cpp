@@ -18,8 +18,8 @@ LOGFONTA VerticalLine::DescribeFont() const {
     if (description.lfCharSet == SHIFTJIS_CHARSET) {
         // A name too long for its vertical form, or a family without one, is drawn plain.
         const std::string name = std::string("@") + description.lfFaceName;
-        if (name.size() <= gdi::kFaceNameBytes) {
-            description = gdi::FirstOf(name).value_or(description);
+        if (name.size() <= font::kFaceNameBytes) {
+            description = font::FirstOf(name).value_or(description);
         }
     }
     SetFontSize(description);

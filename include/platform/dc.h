@@ -13,9 +13,9 @@ namespace kv::device {
 class Picture;
 }  // namespace kv::device
 
-namespace kv::gdi {
+namespace kv::font {
 struct FontInstance;
-}  // namespace kv::gdi
+}  // namespace kv::font
 
 inline constexpr DWORD BLACKNESS = 0x42;
 inline constexpr int BLACKONWHITE = 1;  ///< a context's mode at first; bitmaps do not draw in it
@@ -35,7 +35,7 @@ class KVDRAW_API CFont {
     void DeleteObject() { m_Font.reset(); }
     bool IsNull() const { return m_Font == nullptr; }
 
-    std::shared_ptr<const kv::gdi::FontInstance> m_Font;
+    std::shared_ptr<const kv::font::FontInstance> m_Font;
 };
 
 /// A bitmap handle, shared like a font's: a one-bit picture for text and shapes, or a colour one

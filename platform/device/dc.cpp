@@ -9,9 +9,9 @@
 #include "platform/device/picture.h"
 #include "platform/device/text_painter.h"
 
-using kv::gdi::FontInstance;
-using kv::gdi::LayOutText;
-using kv::gdi::TextLine;
+using kv::device::LayOutText;
+using kv::device::TextLine;
+using kv::font::FontInstance;
 
 namespace {
 
@@ -99,14 +99,14 @@ bool CDC::GetTextExtentPoint32A(const char* text, int byteCount, tagSIZE* extent
 }
 
 bool CDC::TextOutA(LONG x, LONG y, const char* text, int byteCount) {
-    kv::gdi::BitSurface* const surface =
+    kv::raster::BitSurface* const surface =
         m_Bitmap.IsNull() ? nullptr : m_Bitmap.m_Picture->ForText();
     if (m_Font.IsNull() || surface == nullptr || !IsText(text, byteCount)) {
         return false;
     }
     const FontInstance& font = *m_Font.m_Font;
     const TextLine line = LayOutText(font, {m_CharacterExtra, m_BreakExtra}, View(text, byteCount));
-    kv::gdi::TextPainter(font).Draw(line, {*surface, x, y, m_TextColor != 0, m_BkColor != 0});
+    kv::device::TextPainter(font).Draw(line, {*surface, x, y, m_TextColor != 0, m_BkColor != 0});
     return true;
 }
 

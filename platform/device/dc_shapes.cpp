@@ -8,13 +8,13 @@
 #include "platform/device/picture.h"
 #include "platform/device/shape_painter.h"
 
-using kv::gdi::ShapePainter;
+using kv::device::ShapePainter;
 
 namespace {
 
 template <typename Draw>
 bool Paint(const CBitmap& bitmap, const CPen& pen, const CBrush& brush, const Draw& draw) {
-    kv::gdi::AreaSink* const sink = bitmap.IsNull() ? nullptr : bitmap.m_Picture->ForShapes();
+    kv::raster::AreaSink* const sink = bitmap.IsNull() ? nullptr : bitmap.m_Picture->ForShapes();
     if (sink == nullptr) {
         return false;
     }

@@ -16,16 +16,16 @@
 namespace kv::device {
 namespace {
 
-using gdi::BitSurface;
-using gdi::Drawing;
+using raster::BitSurface;
+using raster::Drawing;
 
 // Paints areas at once.
-class BitPicture final : public Picture, private gdi::AreaSink {
+class BitPicture final : public Picture, private raster::AreaSink {
   public:
     explicit BitPicture(std::shared_ptr<BitSurface> surface) : m_Surface(std::move(surface)) {}
 
     BitSurface* ForText() override { return m_Surface.get(); }
-    gdi::AreaSink* ForShapes() override { return this; }
+    raster::AreaSink* ForShapes() override { return this; }
     bool ClearRect(std::int64_t left, std::int64_t top, std::int64_t right,
                    std::int64_t bottom) override {
         m_Surface->FillRect(left, top, right, bottom, false);
@@ -40,9 +40,9 @@ class BitPicture final : public Picture, private gdi::AreaSink {
     }
 
   private:
-    void Paint(gdi::Area area) override {
-        gdi::BitSink sink(*m_Surface, 0, 0, area.value);
-        gdi::ScanConverter().Convert(area.contours, area.rule, sink.Bounds(), sink);
+    void Paint(raster::Area area) override {
+        raster::BitSink sink(*m_Surface, 0, 0, area.value);
+        raster::ScanConverter().Convert(area.contours, area.rule, sink.Bounds(), sink);
     }
 
     std::shared_ptr<BitSurface> m_Surface;
@@ -52,7 +52,7 @@ class DrawnPicture final : public Picture {
   public:
     DrawnPicture(LONG width, LONG height) : m_Drawing(width, height) {}
 
-    gdi::AreaSink* ForShapes() override { return &m_Drawing; }
+    raster::AreaSink* ForShapes() override { return &m_Drawing; }
     bool ClearRect(std::int64_t left, std::int64_t top, std::int64_t right,
                    std::int64_t bottom) override {
         m_Drawing.ClearRect(left, top, right, bottom);

@@ -7,10 +7,10 @@
 
 #include <platform/types.h>
 
-namespace kv::gdi {
+namespace kv::raster {
 class AreaSink;
 class BitSurface;
-}  // namespace kv::gdi
+}  // namespace kv::raster
 
 namespace kv::dib {
 class ColourBitmap;
@@ -24,8 +24,8 @@ class Picture {
   public:
     virtual ~Picture() = default;
 
-    virtual gdi::BitSurface* ForText() { return nullptr; }
-    virtual gdi::AreaSink* ForShapes() { return nullptr; }
+    virtual raster::BitSurface* ForText() { return nullptr; }
+    virtual raster::AreaSink* ForShapes() { return nullptr; }
     virtual dib::ColourBitmap* ForBitmaps() { return nullptr; }
     /// Clears a rectangle, clipped to the picture.
     virtual bool ClearRect(std::int64_t /*left*/, std::int64_t /*top*/, std::int64_t /*right*/,

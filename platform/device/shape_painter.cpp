@@ -10,14 +10,14 @@
 #include "raster/path.h"
 #include "raster/stroker.h"
 
-namespace kv::gdi {
+namespace kv::device {
 
 namespace {
 
 constexpr double kTurnInRadians = 2.0 * std::numbers::pi;
 constexpr double kQuarterTurnInRadians = std::numbers::pi / 2.0;
 
-PathPoint Centre(const tagPOINT& pixel) {
+raster::PathPoint Centre(const tagPOINT& pixel) {
     return {pixel.x + 0.5, pixel.y + 0.5};
 }
 
@@ -29,8 +29,8 @@ struct PathBox {
           right(std::max(left, std::max(box.left, box.right) - 0.5)),
           bottom(std::max(top, std::max(box.top, box.bottom) - 0.5)) {}
 
-    PathPoint Middle() const { return {(left + right) / 2.0, (top + bottom) / 2.0}; }
-    PathPoint Radii() const { return {(right - left) / 2.0, (bottom - top) / 2.0}; }
+    raster::PathPoint Middle() const { return {(left + right) / 2.0, (top + bottom) / 2.0}; }
+    raster::PathPoint Radii() const { return {(right - left) / 2.0, (bottom - top) / 2.0}; }
 
     double left;
     double top;
@@ -40,22 +40,24 @@ struct PathBox {
 
 // The parameter of the ellipse point that lies in a direction: it is the direction's angle only on
 // a circle.
-double EllipseParameter(PathPoint direction, PathPoint radii) {
+double EllipseParameter(raster::PathPoint direction, raster::PathPoint radii) {
     return std::atan2(direction.y * radii.x, direction.x * radii.y);
 }
 
-Pen Geometric(const CPen& pen) {
+raster::Pen Geometric(const CPen& pen) {
     return {static_cast<double>(pen.m_Width),
-            (pen.m_Style & PS_ENDCAP_MASK) == PS_ENDCAP_FLAT ? PenCap::kFlat : PenCap::kRound,
-            (pen.m_Style & PS_JOIN_MASK) == PS_JOIN_MITER ? PenJoin::kMitre : PenJoin::kRound};
+            (pen.m_Style & PS_ENDCAP_MASK) == PS_ENDCAP_FLAT ? raster::PenCap::kFlat
+                                                             : raster::PenCap::kRound,
+            (pen.m_Style & PS_JOIN_MASK) == PS_JOIN_MITER ? raster::PenJoin::kMitre
+                                                          : raster::PenJoin::kRound};
 }
 
 // A line for a filled outline, which has no use for the direction of one without length.
-void LineTo(PathBuilder& path, PathPoint to, PathPoint /*direction*/) {
+void LineTo(raster::PathBuilder& path, raster::PathPoint to, raster::PathPoint /*direction*/) {
     path.LineTo(to);
 }
 
-void LineTo(Stroker& path, PathPoint to, PathPoint direction) {
+void LineTo(raster::Stroker& path, raster::PathPoint to, raster::PathPoint direction) {
     path.LineTo(to, direction);
 }
 
@@ -66,8 +68,8 @@ void ShapePainter::Fill(const Figure& figure) {
     if (m_Brush.IsNull()) {
         return;
     }
-    Area area{{}, FillRule::kAlternate, m_Brush.m_Colour != 0};
-    PathBuilder path(area.contours);
+    raster::Area area{{}, raster::FillRule::kAlternate, m_Brush.m_Colour != 0};
+    raster::PathBuilder path(area.contours);
     figure(path);
     m_Sink.Paint(std::move(area));
 }
@@ -77,8 +79,8 @@ void ShapePainter::Stroke(const CPen& pen, const Figure& figure) {
     if (pen.IsNull()) {
         return;
     }
-    Area area{{}, FillRule::kWinding, pen.m_Colour != 0};
-    Stroker path(Geometric(pen), area.contours);
+    raster::Area area{{}, raster::FillRule::kWinding, pen.m_Colour != 0};
+    raster::Stroker path(Geometric(pen), area.contours);
     figure(path);
     m_Sink.Paint(std::move(area));
 }
@@ -90,7 +92,7 @@ void ShapePainter::FillAndStroke(const Figure& figure) {
 }
 
 void ShapePainter::Lines(const tagPOINT* points, int count) {
-    Stroke(m_Pen, [&](Stroker& path) {
+    Stroke(m_Pen, [&](raster::Stroker& path) {
         path.MoveTo(Centre(points[0]));
         for (int i = 1; i < count; ++i) {
             path.LineTo(Centre(points[i]));
@@ -113,9 +115,9 @@ void ShapePainter::Rectangle(const ShapeBox& box) {
 
 void ShapePainter::RoundRect(const ShapeBox& box, LONG width, LONG height) {
     const PathBox at(box);
-    const PathPoint most = at.Radii();
-    const PathPoint radii{std::min(std::abs(width / 2.0), most.x),
-                          std::min(std::abs(height / 2.0), most.y)};
+    const raster::PathPoint most = at.Radii();
+    const raster::PathPoint radii{std::min(std::abs(width / 2.0), most.x),
+                                  std::min(std::abs(height / 2.0), most.y)};
     if (radii.x == 0.0 || radii.y == 0.0) {
         Rectangle(box);
         return;
@@ -150,8 +152,8 @@ void ShapePainter::Ellipse(const ShapeBox& box) {
 
 void ShapePainter::Pie(const ShapeBox& box, tagPOINT start, tagPOINT end) {
     const PathBox at(box);
-    const PathPoint middle = at.Middle();
-    const PathPoint radii = at.Radii();
+    const raster::PathPoint middle = at.Middle();
+    const raster::PathPoint radii = at.Radii();
     const auto parameter = [&](tagPOINT point) {
         return EllipseParameter({point.x - middle.x, point.y - middle.y}, radii);
     };
@@ -181,7 +183,7 @@ void ShapePainter::Polygon(const tagPOINT* points, int count) {
 }
 
 void ShapePainter::PolyBezier(const tagPOINT* points, int count) {
-    Stroke(m_Pen, [&](Stroker& path) {
+    Stroke(m_Pen, [&](raster::Stroker& path) {
         path.MoveTo(Centre(points[0]));
         for (int i = 1; i + 2 < count; i += 3) {
             path.CubicTo(Centre(points[i]), Centre(points[i + 1]), Centre(points[i + 2]));
@@ -190,4 +192,4 @@ void ShapePainter::PolyBezier(const tagPOINT* points, int count) {
     });
 }
 
-}  // namespace kv::gdi
+}  // namespace kv::device

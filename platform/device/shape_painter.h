@@ -5,7 +5,7 @@
 
 #include "raster/area.h"
 
-namespace kv::gdi {
+namespace kv::device {
 
 /// A box by its corners in any order, of which right and bottom are exclusive.
 struct ShapeBox {
@@ -19,7 +19,7 @@ struct ShapeBox {
 /// runs through their centres. What memory cannot hold throws std::bad_alloc.
 class ShapePainter {
   public:
-    ShapePainter(AreaSink& sink, const CPen& pen, const CBrush& brush)
+    ShapePainter(raster::AreaSink& sink, const CPen& pen, const CBrush& brush)
         : m_Sink(sink), m_Pen(pen), m_Brush(brush) {}
 
     /// The lines of one figure; its segments are joined, its ends are the pen's.
@@ -44,9 +44,9 @@ class ShapePainter {
     template <typename Figure>
     void FillAndStroke(const Figure& figure);
 
-    AreaSink& m_Sink;
+    raster::AreaSink& m_Sink;
     const CPen& m_Pen;
     const CBrush& m_Brush;
 };
 
-}  // namespace kv::gdi
+}  // namespace kv::device

@@ -5,7 +5,7 @@
 #include "platform/text/codepage.h"
 #include "platform/text/mbcs.h"
 
-namespace kv::gdi {
+namespace kv::device {
 
 namespace {
 
@@ -23,28 +23,28 @@ unsigned int TakeCode(std::string_view& text) {
 
 class LayOut {
   public:
-    LayOut(const FontInstance& font, TextLine& line) : m_Font(font), m_Line(line) {}
+    LayOut(const font::FontInstance& font, TextLine& line) : m_Font(font), m_Line(line) {}
 
     // Places a character at the end of the line. Its advance, before any spacing.
     LONG Place(unsigned int code) {
         PlacedGlyph placed{m_Line.length, 0, TextLine::kMissing, code > 255};
         FindGlyph(ToUnicode(code), placed);
         m_Line.glyphs.push_back(placed);
-        return RoundToPixel(Ems(placed) * m_Font.emPixels * m_Font.stretch);
+        return font::RoundToPixel(Ems(placed) * m_Font.emPixels * m_Font.stretch);
     }
 
   private:
-    Face* Use(std::size_t index) {
-        std::shared_ptr<Face>& face = m_Line.faces[index];
+    font::Face* Use(std::size_t index) {
+        std::shared_ptr<font::Face>& face = m_Line.faces[index];
         if (!face) {
-            face = ThreadFace(*m_Font.faces[index].record);
+            face = font::ThreadFace(*m_Font.faces[index].record);
         }
         return face.get();
     }
 
     void FindGlyph(std::uint32_t scalar, PlacedGlyph& placed) {
         for (std::uint8_t i = 0; i < m_Line.faces.size() && scalar != 0; ++i) {
-            Face* const face = Use(i);
+            font::Face* const face = Use(i);
             const std::uint32_t glyph = face != nullptr ? face->GlyphOf(scalar) : 0;
             if (glyph != 0) {
                 placed.face = i;
@@ -60,19 +60,20 @@ class LayOut {
             return 1.0;
         }
         if (placed.face == TextLine::kMissing) {
-            return MissingGlyph(placed.doubleByte).advance;
+            return font::MissingGlyph(placed.doubleByte).advance;
         }
-        Face& face = *m_Line.faces[placed.face];
+        font::Face& face = *m_Line.faces[placed.face];
         return face.Advance(placed.glyph) / face.UnitsPerEm();
     }
 
-    const FontInstance& m_Font;
+    const font::FontInstance& m_Font;
     TextLine& m_Line;
 };
 
 }  // namespace
 
-TextLine LayOutText(const FontInstance& font, const TextSpacing& spacing, std::string_view text) {
+TextLine LayOutText(const font::FontInstance& font, const TextSpacing& spacing,
+                    std::string_view text) {
     TextLine line;
     line.glyphs.reserve(text.size());
     LayOut layout(font, line);
@@ -85,4 +86,4 @@ TextLine LayOutText(const FontInstance& font, const TextSpacing& spacing, std::s
     return line;
 }
 
-}  // namespace kv::gdi
+}  // namespace kv::device

@@ -11,7 +11,7 @@
 #include "platform/font/face_cache.h"
 #include "platform/font/font_instance.h"
 
-namespace kv::gdi {
+namespace kv::device {
 
 /// What a context adds to the advances, in pixels.
 struct TextSpacing {
@@ -29,15 +29,16 @@ struct PlacedGlyph {
 
 /// A string cut into glyphs, each on a whole pixel. It belongs to the thread that made it.
 struct TextLine {
-    static constexpr std::uint8_t kMissing = FontInstance::kFaces;
+    static constexpr std::uint8_t kMissing = font::FontInstance::kFaces;
 
-    std::array<std::shared_ptr<Face>, FontInstance::kFaces>
+    std::array<std::shared_ptr<font::Face>, font::FontInstance::kFaces>
         faces;  ///< as the font's; null while unused
     std::vector<PlacedGlyph> glyphs;
     std::int64_t length = 0;
 };
 
 /// Lays out bytes in code page 932; a lead byte at the end is a single-byte character.
-TextLine LayOutText(const FontInstance& font, const TextSpacing& spacing, std::string_view text);
+TextLine LayOutText(const font::FontInstance& font, const TextSpacing& spacing,
+                    std::string_view text);
 
-}  // namespace kv::gdi
+}  // namespace kv::device

@@ -11,7 +11,7 @@
 #include "raster/bit_sink.h"
 #include "raster/turned_sink.h"
 
-namespace kv::gdi {
+namespace kv::device {
 
 namespace {
 
@@ -23,13 +23,13 @@ constexpr int kRightAngleInTenths = kTurnInTenths / 4;
 constexpr int kDownwardsInTenths = kTurnInTenths - kRightAngleInTenths;
 
 // Tenths of a degree counter-clockwise, 0 to 3599.
-int Angle(const FontInstance& font) {
+int Angle(const font::FontInstance& font) {
     const int angle = font.description.lfEscapement % kTurnInTenths;
     return angle < 0 ? angle + kTurnInTenths : angle;
 }
 
 // From u and v to the surface; right angles exactly.
-Affine Turn(int angle, const TextTarget& target) {
+raster::Affine Turn(int angle, const TextTarget& target) {
     constexpr double kSines[4] = {0.0, 1.0, 0.0, -1.0};
     const int quarter = angle / kRightAngleInTenths;
     double sine = kSines[quarter];
@@ -50,15 +50,15 @@ struct Columns {
 };
 
 // The columns that contours reach into.
-Columns ColumnsOf(const Contours& contours) {
+Columns ColumnsOf(const raster::Contours& contours) {
     if (contours.points.empty()) {
         return {0, 0};
     }
-    const auto [first, last] =
-        std::minmax_element(contours.points.begin(), contours.points.end(),
-                            [](const FixedPoint& a, const FixedPoint& b) { return a.x < b.x; });
-    return {SaturateToInt32(first->x >> kSubpixelBits),
-            SaturateToInt32((last->x >> kSubpixelBits) + 1)};
+    const auto [first, last] = std::minmax_element(
+        contours.points.begin(), contours.points.end(),
+        [](const raster::FixedPoint& a, const raster::FixedPoint& b) { return a.x < b.x; });
+    return {SaturateToInt32(first->x >> raster::kSubpixelBits),
+            SaturateToInt32((last->x >> raster::kSubpixelBits) + 1)};
 }
 
 bool Fits32(std::int64_t value) {
@@ -69,14 +69,14 @@ bool Fits32(std::int64_t value) {
 
 void TextPainter::Draw(const TextLine& line, const TextTarget& target) {
     const int angle = Angle(m_Font);
-    const Affine turn = Turn(angle, target);
+    const raster::Affine turn = Turn(angle, target);
     FillPaper(line, target, turn);
-    std::optional<TurnedSink> downwards;
+    std::optional<raster::TurnedSink> downwards;
     if (angle == kDownwardsInTenths) {
         downwards.emplace(target.surface, SaturateToInt32(target.x), target.ink);
     }
     for (const PlacedGlyph& placed : line.glyphs) {
-        const GlyphOutline& outline = OutlineOf(line, placed);
+        const font::GlyphOutline& outline = OutlineOf(line, placed);
         if (angle == 0) {
             DrawUpright(placed, outline, target);
         } else if (downwards) {
@@ -87,7 +87,8 @@ void TextPainter::Draw(const TextLine& line, const TextTarget& target) {
     }
 }
 
-void TextPainter::FillPaper(const TextLine& line, const TextTarget& target, const Affine& turn) {
+void TextPainter::FillPaper(const TextLine& line, const TextTarget& target,
+                            const raster::Affine& turn) {
     if (line.length <= 0) {
         return;
     }
@@ -103,27 +104,29 @@ void TextPainter::FillPaper(const TextLine& line, const TextTarget& target, cons
                                 target.paper);
         return;
     }
-    const PathPoint end{static_cast<double>(line.length), static_cast<double>(height)};
+    const raster::PathPoint end{static_cast<double>(line.length), static_cast<double>(height)};
     m_Contours.Clear();
-    PathBuilder path(m_Contours);
+    raster::PathBuilder path(m_Contours);
     path.MoveTo(turn({0.0, 0.0}));
     path.LineTo(turn({end.x, 0.0}));
     path.LineTo(turn(end));
     path.LineTo(turn({0.0, end.y}));
     path.Close();
-    BitSink sink(target.surface, 0, 0, target.paper);
-    m_Converter.Convert(m_Contours, FillRule::kWinding, sink.Bounds(), sink);
+    raster::BitSink sink(target.surface, 0, 0, target.paper);
+    m_Converter.Convert(m_Contours, raster::FillRule::kWinding, sink.Bounds(), sink);
 }
 
-const GlyphOutline& TextPainter::OutlineOf(const TextLine& line, const PlacedGlyph& placed) const {
+const font::GlyphOutline& TextPainter::OutlineOf(const TextLine& line,
+                                                 const PlacedGlyph& placed) const {
     if (placed.face == TextLine::kMissing) {
-        return MissingGlyph(placed.doubleByte);
+        return font::MissingGlyph(placed.doubleByte);
     }
     return line.faces[placed.face]->Outline(placed.glyph, m_Font.faces[placed.face].embolden);
 }
 
 // From font units to u and v, counted from the glyph's start.
-Affine TextPainter::GlyphToCell(const PlacedGlyph& placed, const GlyphOutline& outline) const {
+raster::Affine TextPainter::GlyphToCell(const PlacedGlyph& placed,
+                                        const font::GlyphOutline& outline) const {
     const double scale = m_Font.emPixels / outline.unitsPerEm;
     const double along = scale * m_Font.stretch;  // narrower or wider with the font
     const bool shear = placed.face != TextLine::kMissing && m_Font.faces[placed.face].shear;
@@ -140,43 +143,43 @@ Affine TextPainter::GlyphToCell(const PlacedGlyph& placed, const GlyphOutline& o
             -scale, -slant * scale, middle + (outline.advance / 2.0 + lean) * scale};
 }
 
-void TextPainter::DrawUpright(const PlacedGlyph& placed, const GlyphOutline& outline,
+void TextPainter::DrawUpright(const PlacedGlyph& placed, const font::GlyphOutline& outline,
                               const TextTarget& target) {
     const std::int64_t x = target.x + placed.start;
     if (!Fits32(x) || !Fits32(target.y)) {
         return;
     }
     m_Contours.Clear();
-    PathBuilder path(m_Contours);
+    raster::PathBuilder path(m_Contours);
     outline.Trace(path, GlyphToCell(placed, outline));
-    BitSink sink(target.surface, static_cast<std::int32_t>(x), static_cast<std::int32_t>(target.y),
-                 target.ink);
-    m_Converter.Convert(m_Contours, FillRule::kWinding, sink.Bounds(), sink);
+    raster::BitSink sink(target.surface, static_cast<std::int32_t>(x),
+                         static_cast<std::int32_t>(target.y), target.ink);
+    m_Converter.Convert(m_Contours, raster::FillRule::kWinding, sink.Bounds(), sink);
 }
 
-void TextPainter::DrawDownwards(const PlacedGlyph& placed, const GlyphOutline& outline,
-                                const TextTarget& target, TurnedSink& sink) {
+void TextPainter::DrawDownwards(const PlacedGlyph& placed, const font::GlyphOutline& outline,
+                                const TextTarget& target, raster::TurnedSink& sink) {
     const std::int64_t y = target.y + placed.start;
     if (!Fits32(y)) {
         return;
     }
     m_Contours.Clear();
-    PathBuilder path(m_Contours);
+    raster::PathBuilder path(m_Contours);
     outline.Trace(path, GlyphToCell(placed, outline));
     const auto [left, right] = ColumnsOf(m_Contours);
     sink.Begin(static_cast<std::int32_t>(y), left, right);
-    m_Converter.Convert(m_Contours, FillRule::kWinding, sink.Bounds(), sink);
+    m_Converter.Convert(m_Contours, raster::FillRule::kWinding, sink.Bounds(), sink);
     sink.End();
 }
 
-void TextPainter::DrawTurned(const PlacedGlyph& placed, const GlyphOutline& outline,
-                             const TextTarget& target, const Affine& turn) {
-    const Affine along{1.0, 0.0, static_cast<double>(placed.start), 0.0, 1.0, 0.0};
+void TextPainter::DrawTurned(const PlacedGlyph& placed, const font::GlyphOutline& outline,
+                             const TextTarget& target, const raster::Affine& turn) {
+    const raster::Affine along{1.0, 0.0, static_cast<double>(placed.start), 0.0, 1.0, 0.0};
     m_Contours.Clear();
-    PathBuilder path(m_Contours);
+    raster::PathBuilder path(m_Contours);
     outline.Trace(path, turn.After(along).After(GlyphToCell(placed, outline)));
-    BitSink sink(target.surface, 0, 0, target.ink);
-    m_Converter.Convert(m_Contours, FillRule::kWinding, sink.Bounds(), sink);
+    raster::BitSink sink(target.surface, 0, 0, target.ink);
+    m_Converter.Convert(m_Contours, raster::FillRule::kWinding, sink.Bounds(), sink);
 }
 
-}  // namespace kv::gdi
+}  // namespace kv::device

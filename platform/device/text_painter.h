@@ -7,13 +7,15 @@
 #include "raster/bit_surface.h"
 #include "raster/scan_converter.h"
 
-namespace kv::gdi {
-
+namespace kv::raster {
 class TurnedSink;
+}  // namespace kv::raster
+
+namespace kv::device {
 
 /// Where a line goes and in what: pixels of the surface, the start of the cell's upper edge.
 struct TextTarget {
-    BitSurface& surface;
+    raster::BitSurface& surface;
     std::int64_t x;
     std::int64_t y;
     bool ink;    ///< what glyphs write
@@ -24,26 +26,26 @@ struct TextTarget {
 /// and v; the font's escapement turns them about the start of that edge.
 class TextPainter {
   public:
-    explicit TextPainter(const FontInstance& font) : m_Font(font) {}
+    explicit TextPainter(const font::FontInstance& font) : m_Font(font) {}
 
     /// Fills the line's box, then draws all glyphs.
     void Draw(const TextLine& line, const TextTarget& target);
 
   private:
-    const GlyphOutline& OutlineOf(const TextLine& line, const PlacedGlyph& placed) const;
-    Affine GlyphToCell(const PlacedGlyph& placed, const GlyphOutline& outline) const;
+    const font::GlyphOutline& OutlineOf(const TextLine& line, const PlacedGlyph& placed) const;
+    raster::Affine GlyphToCell(const PlacedGlyph& placed, const font::GlyphOutline& outline) const;
 
-    void FillPaper(const TextLine& line, const TextTarget& target, const Affine& turn);
-    void DrawUpright(const PlacedGlyph& placed, const GlyphOutline& outline,
+    void FillPaper(const TextLine& line, const TextTarget& target, const raster::Affine& turn);
+    void DrawUpright(const PlacedGlyph& placed, const font::GlyphOutline& outline,
                      const TextTarget& target);
-    void DrawDownwards(const PlacedGlyph& placed, const GlyphOutline& outline,
-                       const TextTarget& target, TurnedSink& sink);
-    void DrawTurned(const PlacedGlyph& placed, const GlyphOutline& outline,
-                    const TextTarget& target, const Affine& turn);
+    void DrawDownwards(const PlacedGlyph& placed, const font::GlyphOutline& outline,
+                       const TextTarget& target, raster::TurnedSink& sink);
+    void DrawTurned(const PlacedGlyph& placed, const font::GlyphOutline& outline,
+                    const TextTarget& target, const raster::Affine& turn);
 
-    const FontInstance& m_Font;
-    ScanConverter m_Converter;
-    Contours m_Contours;
+    const font::FontInstance& m_Font;
+    raster::ScanConverter m_Converter;
+    raster::Contours m_Contours;
 };
 
-}  // namespace kv::gdi
+}  // namespace kv::device

@@ -7,7 +7,7 @@
 
 #include FT_ADVANCES_H
 
-namespace kv::gdi {
+namespace kv::font {
 
 namespace {
 
@@ -101,4 +101,4 @@ std::shared_ptr<Face> ThreadFace(const FaceRecord& record) {
     return faces.Find(record);
 }
 
-}  // namespace kv::gdi
+}  // namespace kv::font

@@ -10,7 +10,7 @@
 #include "platform/font/glyph_outline.h"
 #include "platform/font/vertical_glyphs.h"
 
-namespace kv::gdi {
+namespace kv::font {
 
 /// An open font file with what was read from it so far. One serves one thread.
 class Face {
@@ -40,4 +40,4 @@ class Face {
 /// file is gone. A thread keeps few faces open; one that is in use outlives its place among them.
 std::shared_ptr<Face> ThreadFace(const FaceRecord& record);
 
-}  // namespace kv::gdi
+}  // namespace kv::font

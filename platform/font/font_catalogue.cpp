@@ -10,7 +10,7 @@
 #include "platform/font/font_name.h"
 #include "platform/font/font_scan.h"
 
-namespace kv::gdi {
+namespace kv::font {
 
 namespace {
 
@@ -122,4 +122,4 @@ const FontFamily* FontCatalogue::Default(BYTE charSet) const {
     return entry == m_Entries.end() ? nullptr : entry->second.family;
 }
 
-}  // namespace kv::gdi
+}  // namespace kv::font

@@ -10,7 +10,7 @@
 
 #include "platform/font/font_family.h"
 
-namespace kv::gdi {
+namespace kv::font {
 
 /// The outcome of a look-up.
 struct FoundFamily {
@@ -54,4 +54,4 @@ class FontCatalogue {
     std::unordered_map<std::string, Entry> m_Entries;  ///< by folded name
 };
 
-}  // namespace kv::gdi
+}  // namespace kv::font

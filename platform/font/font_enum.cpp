@@ -8,7 +8,7 @@
 #include "platform/font/font_instance.h"
 #include "platform/font/font_name.h"
 
-namespace kv::gdi {
+namespace kv::font {
 
 namespace {
 
@@ -114,7 +114,7 @@ std::optional<LOGFONTA> FirstOf(std::string_view family) {
     return AtDefaultSize(found->faceName, found->family->faces.front()).description;
 }
 
-}  // namespace kv::gdi
+}  // namespace kv::font
 
 HDC GetDC(HWND /*window*/) {
     return nullptr;
@@ -125,12 +125,12 @@ int ReleaseDC(HWND /*window*/, HDC /*dc*/) {
 }
 
 int EnumFontFamiliesA(HDC /*dc*/, const char* family, FONTENUMPROCA callback, LPARAM parameter) {
-    const kv::gdi::FontCatalogue& catalogue = kv::gdi::FontCatalogue::Get();
-    kv::gdi::Delivery delivery(callback, parameter);
+    const kv::font::FontCatalogue& catalogue = kv::font::FontCatalogue::Get();
+    kv::font::Delivery delivery(callback, parameter);
     if (family == nullptr) {
-        kv::gdi::DeliverEachFamily(catalogue, delivery);
+        kv::font::DeliverEachFamily(catalogue, delivery);
     } else if (const auto found = catalogue.Find(family)) {
-        for (const kv::gdi::FaceRecord& face : found->family->faces) {
+        for (const kv::font::FaceRecord& face : found->family->faces) {
             delivery.Deliver(found->faceName, face);
         }
     }

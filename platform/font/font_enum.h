@@ -21,10 +21,10 @@ using FONTENUMPROCA = int (*)(const ENUMLOGFONTA* font, const NEWTEXTMETRICA* me
 /// last value that the callback returned, 1 when it was never called.
 int EnumFontFamiliesA(HDC dc, const char* family, FONTENUMPROCA callback, LPARAM parameter);
 
-namespace kv::gdi {
+namespace kv::font {
 
 /// The first font that an enumeration of the named family delivers; empty when none has that name.
 /// Throws where memory ends.
 std::optional<LOGFONTA> FirstOf(std::string_view family);
 
-}  // namespace kv::gdi
+}  // namespace kv::font

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cstdlib>
 
-namespace kv::gdi {
+namespace kv::font {
 
 namespace {
 
@@ -23,4 +23,4 @@ const FaceRecord& FontFamily::Select(int weight, bool italic) const {
         [&](const FaceRecord& a, const FaceRecord& b) { return distance(a) < distance(b); });
 }
 
-}  // namespace kv::gdi
+}  // namespace kv::font

@@ -5,7 +5,7 @@
 
 #include <platform/types.h>
 
-namespace kv::gdi {
+namespace kv::font {
 
 // Weights of faces and of requests.
 inline constexpr int kNormalWeight = 400;
@@ -46,4 +46,4 @@ struct FontFamily {
     const FaceRecord& Select(int weight, bool italic) const;
 };
 
-}  // namespace kv::gdi
+}  // namespace kv::font

@@ -9,7 +9,7 @@
 #include "base/narrow.h"
 #include "platform/font/font_catalogue.h"
 
-namespace kv::gdi {
+namespace kv::font {
 
 namespace {
 
@@ -120,4 +120,4 @@ std::shared_ptr<const FontInstance> FontInstance::Create(const LOGFONTA& descrip
     return font;
 }
 
-}  // namespace kv::gdi
+}  // namespace kv::font

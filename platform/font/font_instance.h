@@ -8,7 +8,7 @@
 
 #include "platform/font/font_family.h"
 
-namespace kv::gdi {
+namespace kv::font {
 
 /// A face as a font uses it.
 struct FaceUse {
@@ -45,4 +45,4 @@ inline constexpr LONG kMaxSize = 1 << 20;
 /// Rounds halves up.
 std::int32_t RoundToPixel(double length);
 
-}  // namespace kv::gdi
+}  // namespace kv::font

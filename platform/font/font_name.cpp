@@ -8,7 +8,7 @@
 
 #include "platform/text/mbcs.h"
 
-namespace kv::gdi {
+namespace kv::font {
 
 std::string CutName(std::string_view name, std::size_t count) {
     const std::string whole(name);
@@ -38,4 +38,4 @@ std::string NameFromUtf8(const char* utf8) {
     return whole ? name : std::string();
 }
 
-}  // namespace kv::gdi
+}  // namespace kv::font

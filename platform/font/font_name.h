@@ -5,7 +5,7 @@
 #include <string_view>
 
 // Face names: bytes in code page 932, at most 31 of them in a font record.
-namespace kv::gdi {
+namespace kv::font {
 
 inline constexpr std::size_t kFaceNameBytes = 31;
 
@@ -26,4 +26,4 @@ void StoreName(std::string_view name, char (&field)[kSize]) {
     field[cut.copy(field, kSize - 1)] = '\0';
 }
 
-}  // namespace kv::gdi
+}  // namespace kv::font

@@ -16,7 +16,7 @@
 
 #include FT_TRUETYPE_TABLES_H
 
-namespace kv::gdi {
+namespace kv::font {
 
 namespace {
 
@@ -217,4 +217,4 @@ std::vector<FontFamily> ScanFonts() {
     return result;
 }
 
-}  // namespace kv::gdi
+}  // namespace kv::font

@@ -4,9 +4,9 @@
 
 #include "platform/font/font_family.h"
 
-namespace kv::gdi {
+namespace kv::font {
 
 /// The families of all installed outline fonts, in the order of their names.
 std::vector<FontFamily> ScanFonts();
 
-}  // namespace kv::gdi
+}  // namespace kv::font

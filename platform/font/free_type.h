@@ -8,7 +8,7 @@
 #include FT_FREETYPE_H
 
 // Owning handles of FreeType's objects. A library and all that comes from it serve one thread.
-namespace kv::gdi {
+namespace kv::font {
 
 struct CloseFreeType {
     void operator()(FT_Library library) const { FT_Done_FreeType(library); }
@@ -33,4 +33,4 @@ inline FreeTypeFace OpenFace(FT_Library library, const std::string& file, int in
     return FreeTypeFace(FT_New_Face(library, file.c_str(), index, &face) == 0 ? face : nullptr);
 }
 
-}  // namespace kv::gdi
+}  // namespace kv::font

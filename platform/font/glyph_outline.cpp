@@ -7,7 +7,7 @@
 #include FT_OUTLINE_H
 #include FT_TRUETYPE_TABLES_H
 
-namespace kv::gdi {
+namespace kv::font {
 
 namespace {
 
@@ -140,4 +140,4 @@ const GlyphOutline& MissingGlyph(bool wide) {
     return wide ? full : half;
 }
 
-}  // namespace kv::gdi
+}  // namespace kv::font

@@ -7,7 +7,7 @@
 #include "platform/font/free_type.h"
 #include "raster/path.h"
 
-namespace kv::gdi {
+namespace kv::font {
 
 /// A glyph as it was designed: font units, x from its origin along the baseline, y upwards.
 struct GlyphOutline {
@@ -15,29 +15,29 @@ struct GlyphOutline {
     enum class Verb : std::uint8_t { kMove, kLine, kQuad, kCubic };
 
     std::vector<Verb> verbs;
-    std::vector<PathPoint> points;
+    std::vector<raster::PathPoint> points;
     double unitsPerEm = 1.0;
     double advance = 0.0;
     double verticalTop =
         0.0;  ///< y of the em's upper edge when the glyph stands in a vertical line
 
-    void MoveTo(PathPoint to) { Add(Verb::kMove, {to}); }
-    void LineTo(PathPoint to) { Add(Verb::kLine, {to}); }
+    void MoveTo(raster::PathPoint to) { Add(Verb::kMove, {to}); }
+    void LineTo(raster::PathPoint to) { Add(Verb::kLine, {to}); }
 
     /// Hands the outline to a path, each point moved by the function first.
     template <typename Move>
-    void Trace(PathBuilder& path, Move&& move) const;
+    void Trace(raster::PathBuilder& path, Move&& move) const;
 
   private:
-    void Add(Verb verb, std::initializer_list<PathPoint> list) {
+    void Add(Verb verb, std::initializer_list<raster::PathPoint> list) {
         verbs.push_back(verb);
         points.insert(points.end(), list);
     }
 };
 
 template <typename Move>
-void GlyphOutline::Trace(PathBuilder& path, Move&& move) const {
-    const PathPoint* at = points.data();
+void GlyphOutline::Trace(raster::PathBuilder& path, Move&& move) const {
+    const raster::PathPoint* at = points.data();
     for (const Verb verb : verbs) {
         switch (verb) {
             case Verb::kMove:
@@ -68,4 +68,4 @@ GlyphOutline ReadGlyph(FT_Face face, std::uint32_t glyph, bool embolden);
 /// The box that stands for a character no face has: half an em wide, or a whole one.
 const GlyphOutline& MissingGlyph(bool wide);
 
-}  // namespace kv::gdi
+}  // namespace kv::font

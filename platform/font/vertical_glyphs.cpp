@@ -6,7 +6,7 @@
 
 #include <hb-ot.h>
 
-namespace kv::gdi {
+namespace kv::font {
 
 namespace {
 
@@ -57,4 +57,4 @@ std::uint32_t VerticalGlyphs::LookUp(std::uint32_t glyph) const {
     return glyph;
 }
 
-}  // namespace kv::gdi
+}  // namespace kv::font

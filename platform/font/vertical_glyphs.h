@@ -8,7 +8,7 @@
 struct hb_face_t;
 struct hb_set_t;
 
-namespace kv::gdi {
+namespace kv::font {
 
 /// The glyphs that a font swaps in for vertical lines: its `vert` substitutions. One serves one
 /// thread.
@@ -32,4 +32,4 @@ class VerticalGlyphs {
     std::unordered_map<std::uint32_t, std::uint32_t> m_Known;
 };
 
-}  // namespace kv::gdi
+}  // namespace kv::font

@@ -8,7 +8,7 @@
 #include "raster/turned_sink.h"
 #include "tests/raster/raster_check.h"
 
-namespace kv::gdi {
+namespace kv::raster {
 namespace {
 
 /// The whole rows, padding included.
@@ -84,7 +84,7 @@ TEST(BitSurfaceTest, TurningEqualsAPixelLoop) {
         const Clip clip = sink.Bounds();
         for (std::int32_t v = std::max(clip.top, 0); v < std::min(clip.bottom, source->Height());
              ++v) {
-            std::vector<kv::gdi::Run> runs;
+            std::vector<kv::raster::Run> runs;
             for (std::int32_t u = std::max(clip.left, 0); u < std::min(clip.right, source->Width());
                  ++u) {
                 if (from[std::size_t(v)][std::size_t(u)] != '#') {
@@ -108,4 +108,4 @@ TEST(BitSurfaceTest, TurningEqualsAPixelLoop) {
 }
 
 }  // namespace
-}  // namespace kv::gdi
+}  // namespace kv::raster

@@ -8,7 +8,7 @@
 
 #include "tests/raster/raster_check.h"
 
-namespace kv::gdi {
+namespace kv::raster {
 namespace {
 
 /// Casteljau's construction, for any degree.
@@ -75,4 +75,4 @@ TEST(PathTest, BadContoursAreLeftOutAndOthersStay) {
 }
 
 }  // namespace
-}  // namespace kv::gdi
+}  // namespace kv::raster

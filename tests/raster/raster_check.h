@@ -11,7 +11,7 @@
 #include "raster/path.h"
 #include "raster/scan_converter.h"
 
-namespace kv::gdi {
+namespace kv::raster {
 
 /// Pictures as rows of '#' and '.', as failures are best read.
 using Rows = std::vector<std::string>;
@@ -68,4 +68,4 @@ inline double Distance(const std::vector<PathPoint>& points, PathPoint at) {
     return least;
 }
 
-}  // namespace kv::gdi
+}  // namespace kv::raster

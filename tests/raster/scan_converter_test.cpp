@@ -8,7 +8,7 @@
 #include "tests/raster/raster_check.h"
 #include "tests/support/each_level.h"
 
-namespace kv::gdi {
+namespace kv::raster {
 namespace {
 
 __extension__ using Wide = __int128;
@@ -103,4 +103,4 @@ TEST(ScanConverterTest, ManyLongSidesFromOneRowAreSortedAndStayTrue) {
 }
 
 }  // namespace
-}  // namespace kv::gdi
+}  // namespace kv::raster

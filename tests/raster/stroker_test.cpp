@@ -10,7 +10,7 @@
 
 #include "tests/raster/raster_check.h"
 
-namespace kv::gdi {
+namespace kv::raster {
 namespace {
 
 constexpr Pen kRound{0, PenCap::kRound, PenJoin::kRound};
@@ -209,4 +209,4 @@ TEST(StrokerTest, BadFiguresAreLeftOut) {
 }
 
 }  // namespace
-}  // namespace kv::gdi
+}  // namespace kv::raster

@@ -105,7 +105,7 @@ TEST(ShapeMask, StraightShapesAreExact) {
 
 // A shape's true outline, its curves as chains too dense to matter.
 struct Outline {
-    std::vector<kv::gdi::PathPoint> points;
+    std::vector<kv::raster::PathPoint> points;
 
     void Arc(double cx, double cy, double rx, double ry, double from, double to) {
         for (int i = 0; i <= 500; ++i) {
@@ -134,7 +134,7 @@ void CheckRound(const char* what, CDrawGraph shape, Draw draw, const Outline& ou
         for (int i = 0; i < 600; ++i) {
             const auto x = static_cast<LONG>(random() % static_cast<unsigned>(mask.bits.Width));
             const auto y = static_cast<LONG>(random() % static_cast<unsigned>(mask.bits.Height));
-            const double distance = kv::gdi::Distance(outline.points, {x + 0.5, y + 0.5});
+            const double distance = kv::raster::Distance(outline.points, {x + 0.5, y + 0.5});
             if (std::abs(distance - half) <= 1.0) {
                 continue;
             }

@@ -95,7 +95,7 @@ class Oracle {
   private:
     static LOGFONTA Find(const char* name) {
         LOGFONTA found{};
-        kv::gdi::StoreName(name, found.lfFaceName);
+        kv::font::StoreName(name, found.lfFaceName);
         CKVFont().GetFontLogfont(nullptr, name, &found);
         return found;
     }
@@ -199,7 +199,7 @@ tagKVFONTINFO RandomRecord(std::mt19937& random) {
     for (const auto& range : ranges) {
         info.*range.field = pick(range.low, range.high);
     }
-    kv::gdi::StoreName(static_cast<const char*>(KVFromUtf8(faces[pick(0, 5)])), info.FontName);
+    kv::font::StoreName(static_cast<const char*>(KVFromUtf8(faces[pick(0, 5)])), info.FontName);
     info.AntiScale = pick(0, 4) == 0 ? 1 : 4 << pick(0, 3);
     info.SpPer = pick(0, 2) * pick(0, 300);
     info.Size_WidthPer *= pick(0, 3) != 0;

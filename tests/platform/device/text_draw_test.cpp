@@ -8,7 +8,7 @@
 #include "platform/font/free_type.h"
 #include "tests/platform/device/text_fixture.h"
 
-namespace kv::gdi {
+namespace kv::device {
 namespace {
 
 using namespace test;
@@ -24,9 +24,10 @@ LOGFONTA Styled(const char* face, LONG height, LONG escapement, LONG weight, BYT
 
 TEST(TextOut, SetsThePixelsInsideTheOutlineAndNoOther) {
     constexpr int kSize = 128;
-    const FreeTypeLibrary library = OpenFreeType();
-    const FaceRecord& record = FontCatalogue::Get().Find("IPAMincho")->family->faces.front();
-    const FreeTypeFace face = OpenFace(library.get(), record.file, record.index);
+    const font::FreeTypeLibrary library = font::OpenFreeType();
+    const font::FaceRecord& record =
+        font::FontCatalogue::Get().Find("IPAMincho")->family->faces.front();
+    const font::FreeTypeFace face = font::OpenFace(library.get(), record.file, record.index);
     FT_Set_Pixel_Sizes(face.get(), 64, 64);
     for (const char character : std::string("A&g8@Q")) {
         Canvas canvas(kSize, kSize);
@@ -295,4 +296,4 @@ TEST(TextOut, ThreadsDrawSideBySide) {
 }
 
 }  // namespace
-}  // namespace kv::gdi
+}  // namespace kv::device

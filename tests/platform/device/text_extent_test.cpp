@@ -4,7 +4,7 @@
 
 #include "tests/platform/device/text_fixture.h"
 
-namespace kv::gdi {
+namespace kv::device {
 namespace {
 
 using namespace test;
@@ -81,4 +81,4 @@ TEST(TextExtent, BytesAreCountedNotTerminated) {
 }
 
 }  // namespace
-}  // namespace kv::gdi
+}  // namespace kv::device

@@ -12,7 +12,7 @@
 #include "platform/font/font_name.h"
 
 // Fonts, extents and drawn pixels for the tests of text. Texts are UTF-8 here.
-namespace kv::gdi::test {
+namespace kv::device::test {
 
 inline std::string Bytes(const char* utf8) {
     const CString bytes = KVFromUtf8(utf8);
@@ -23,7 +23,7 @@ inline LOGFONTA Describe(const char* face, LONG height, LONG escapement = 0) {
     LOGFONTA description{};
     description.lfHeight = height;
     description.lfEscapement = escapement;
-    StoreName(Bytes(face), description.lfFaceName);
+    font::StoreName(Bytes(face), description.lfFaceName);
     return description;
 }
 
@@ -114,4 +114,4 @@ class Canvas {
     int m_Height;
 };
 
-}  // namespace kv::gdi::test
+}  // namespace kv::device::test

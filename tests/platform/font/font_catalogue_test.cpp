@@ -12,10 +12,10 @@
 #include "platform/font/font_scan.h"
 #include "tests/platform/device/text_fixture.h"
 
-namespace kv::gdi {
+namespace kv::font {
 namespace {
 
-using test::Bytes;
+using device::test::Bytes;
 
 struct Delivered {
     std::vector<LOGFONTA> fonts;
@@ -142,4 +142,4 @@ TEST(FontScan, CopesWithFontsThatSayLittleOrOdd) {
 }
 
 }  // namespace
-}  // namespace kv::gdi
+}  // namespace kv::font

@@ -5,10 +5,10 @@
 #include "platform/font/font_instance.h"
 #include "tests/platform/device/text_fixture.h"
 
-namespace kv::gdi {
+namespace kv::font {
 namespace {
 
-using namespace test;
+using namespace device::test;
 
 // Faces with units of 2,048 to the em: cell ascent and descent, average width.
 struct Design {
@@ -120,4 +120,4 @@ TEST(Font, OutlivesItsHandleInTheContext) {
 }
 
 }  // namespace
-}  // namespace kv::gdi
+}  // namespace kv::font
