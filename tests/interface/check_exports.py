@@ -14,7 +14,10 @@ import re
 import subprocess
 import sys
 
-from clang import cindex
+try:
+    from clang import cindex
+except ImportError:
+    sys.exit("python3-clang is missing for this python3; the system's one is /usr/bin/python3")
 
 FUNCTIONS = {
     cindex.CursorKind.FUNCTION_DECL,
