@@ -1,3 +1,5 @@
+// The effect record with names of its own: copied, told, given back.
+
 #include "CBwDrawInfo.h"
 
 #include <cstring>

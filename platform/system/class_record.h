@@ -11,7 +11,7 @@
 #Class, schema, &Class::CreateObject, &Class::_GetBaseClass, nullptr \
     };                                                                       \
     CObject* Class::CreateObject() {                                         \
-        return new Class;                                                    \
+        return new Class();                                                  \
     }                                                                        \
     CRuntimeClass* Class::GetThisClass() {                                   \
         return &class##Class;                                                \
