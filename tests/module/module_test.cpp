@@ -24,41 +24,41 @@ void ExpectReleasedAndOwnResampler() {
 
 class Bound : public testing::Test {
   protected:
-    CKVFrameBuffer source{100, 60, 1}, target;
-    void* const entry = dlsym(CKVDrawWApp::Instance().m_IppModule, "recordedResize");
-    RecordedResize& record = *static_cast<RecordedResize*>(entry);
+    CKVFrameBuffer m_Source{100, 60, 1}, m_Target;
+    void* const m_Entry = dlsym(CKVDrawWApp::Instance().m_IppModule, "recordedResize");
+    RecordedResize& m_Record = *static_cast<RecordedResize*>(m_Entry);
 };
 
 TEST_F(Bound, ArgumentsTellBothPicturesWhole) {
-    ASSERT_EQ(source.SizeChange(&target, 200, 30), 0);
-    EXPECT_EQ(record.source, source.GetBufferByte());
-    EXPECT_EQ(record.target, target.GetBufferByte());
-    EXPECT_EQ(target.GetWH(), CSize(200, 30));
-    EXPECT_EQ(record.numbers,
+    ASSERT_EQ(m_Source.SizeChange(&m_Target, 200, 30), 0);
+    EXPECT_EQ(m_Record.source, m_Source.GetBufferByte());
+    EXPECT_EQ(m_Record.target, m_Target.GetBufferByte());
+    EXPECT_EQ(m_Target.GetWH(), CSize(200, 30));
+    EXPECT_EQ(m_Record.numbers,
               (std::array<double, 13>{100, 60, 400, 0, 0, 100, 60, 800, 200, 30, 2.0, 0.5, 4}));
     // The factors are those of the truncated sizes, not the ones asked for.
-    ASSERT_EQ(source.SizeChangeScale(&target, 0.999F, 1.0F), 0);
-    EXPECT_EQ(record.numbers,
+    ASSERT_EQ(m_Source.SizeChangeScale(&m_Target, 0.999F, 1.0F), 0);
+    EXPECT_EQ(m_Record.numbers,
               (std::array<double, 13>{100, 60, 400, 0, 0, 100, 60, 396, 99, 60, 0.99, 1.0, 8}));
     for (const auto& [width, height] :
          {CPoint(100, 60), CPoint(50, 30), CPoint(101, 60), CPoint(100, 61), CPoint(50, 120)}) {
-        ASSERT_EQ(source.SizeChange(&target, width, height), 0);
-        EXPECT_EQ(record.numbers[12], width > 100 || height > 60 ? 4 : 8);
+        ASSERT_EQ(m_Source.SizeChange(&m_Target, width, height), 0);
+        EXPECT_EQ(m_Record.numbers[12], width > 100 || height > 60 ? 4 : 8);
     }
 }
 
 TEST_F(Bound, FailuresOfTheFunctionAndBeforeIt) {
     for (const int status : {-8, 1}) {
-        record.status = status;
-        EXPECT_EQ(source.SizeChange(&target, 7, 5), -1) << status;
-        EXPECT_EQ(target.GetWH(), CSize(7, 5));
+        m_Record.status = status;
+        EXPECT_EQ(m_Source.SizeChange(&m_Target, 7, 5), -1) << status;
+        EXPECT_EQ(m_Target.GetWH(), CSize(7, 5));
     }
-    record = {};
-    EXPECT_EQ(source.SizeChange(&target, 0, 5), -1);
-    EXPECT_EQ(source.SizeChangeScale(&target, 0.001F, 1.0F), -1);
-    EXPECT_EQ(source.SizeChange(&target, 40000, 40000), -1);
-    EXPECT_EQ(target.IsBuffer(), 1);
-    EXPECT_EQ(record.calls, 0);
+    m_Record = {};
+    EXPECT_EQ(m_Source.SizeChange(&m_Target, 0, 5), -1);
+    EXPECT_EQ(m_Source.SizeChangeScale(&m_Target, 0.001F, 1.0F), -1);
+    EXPECT_EQ(m_Source.SizeChange(&m_Target, 40000, 40000), -1);
+    EXPECT_EQ(m_Target.IsBuffer(), 1);
+    EXPECT_EQ(m_Record.calls, 0);
 }
 
 TEST_F(Bound, ExitLetsGo) {

@@ -25,16 +25,16 @@ namespace {
 class BufferLock : public testing::Test {
   protected:
     void AwaitWaiting(LONG readers, LONG writers) {
-        KVBufferLockProbe::AwaitWaiting(surface, readers, writers);
+        KVBufferLockProbe::AwaitWaiting(m_Surface, readers, writers);
     }
 
     // A thread that takes a hold, notes its turn and gives the hold back.
     template <auto kLock, auto kUnlock>
     std::jthread Visitor(int& turn) {
         return std::jthread([&] {
-            (surface.*kLock)();
-            turn = ++turns;
-            (surface.*kUnlock)();
+            (m_Surface.*kLock)();
+            turn = ++m_Turns;
+            (m_Surface.*kUnlock)();
         });
     }
     std::jthread Writer(int& turn) {
@@ -44,66 +44,66 @@ class BufferLock : public testing::Test {
         return Visitor<&CKVFrameBuffer::ReadLock, &CKVFrameBuffer::ReadUnlock>(turn);
     }
 
-    CKVFrameBuffer surface{8, 8, 1};
-    std::atomic<int> turns{0};
-    int first = 0;
-    int second = 0;
+    CKVFrameBuffer m_Surface{8, 8, 1};
+    std::atomic<int> m_Turns{0};
+    int m_First = 0;
+    int m_Second = 0;
 };
 
 // The thread that opens the group has ended when this one, the last reader, leaves. Where no reader
 // joins, this leaving is all that wakes the writer.
 TEST_F(BufferLock, WaitingWriterLetsReadersJoinAndGetsItsTurnAfterTheLast) {
     for (const int joining : {1, 0}) {
-        turns = 0;
-        std::jthread([&] { surface.ReadLock(); }).join();
-        std::jthread writer = Writer(second);
+        m_Turns = 0;
+        std::jthread([&] { m_Surface.ReadLock(); }).join();
+        std::jthread writer = Writer(m_Second);
         AwaitWaiting(0, 1);
         if (joining != 0) {
-            Reader(first).join();
+            Reader(m_First).join();
         }
-        EXPECT_EQ(turns, joining);
-        surface.ReadUnlock();
+        EXPECT_EQ(m_Turns, joining);
+        m_Surface.ReadUnlock();
         writer.join();
-        EXPECT_EQ(second, joining + 1);
-        EXPECT_EQ(surface.m_ReadCount, 0);
+        EXPECT_EQ(m_Second, joining + 1);
+        EXPECT_EQ(m_Surface.m_ReadCount, 0);
     }
 }
 
 TEST_F(BufferLock, OwnerTakesBothHoldsAgainWhileOthersWait) {
-    surface.ReadUnlock();  // unmatched releases do nothing, here and on another thread
-    surface.WriteUnlock();
-    surface.WriteLock();
-    std::jthread([&] { surface.WriteUnlock(); }).join();
-    std::jthread reader = Reader(first);
-    std::jthread writer = Writer(second);
+    m_Surface.ReadUnlock();  // unmatched releases do nothing, here and on another thread
+    m_Surface.WriteUnlock();
+    m_Surface.WriteLock();
+    std::jthread([&] { m_Surface.WriteUnlock(); }).join();
+    std::jthread reader = Reader(m_First);
+    std::jthread writer = Writer(m_Second);
     AwaitWaiting(1, 1);
-    surface.WriteLock();
-    surface.ReadLock();
-    surface.WriteUnlock();
-    surface.ReadUnlock();
-    EXPECT_EQ(surface.CreateFrameBuffer(1, 1, 0), 1);
-    EXPECT_EQ(turns, 0);
-    surface.WriteUnlock();
+    m_Surface.WriteLock();
+    m_Surface.ReadLock();
+    m_Surface.WriteUnlock();
+    m_Surface.ReadUnlock();
+    EXPECT_EQ(m_Surface.CreateFrameBuffer(1, 1, 0), 1);
+    EXPECT_EQ(m_Turns, 0);
+    m_Surface.WriteUnlock();
     reader.join();
     writer.join();
-    EXPECT_EQ(first, 1) << "waiting readers go before the next writer";
+    EXPECT_EQ(m_First, 1) << "waiting readers go before the next writer";
 }
 
 TEST_F(BufferLock, FirstReaderPassesAWaitingWriterAndIsAloneWithBothHolds) {
-    surface.ReadLock();
-    std::jthread writer = Writer(second);
+    m_Surface.ReadLock();
+    std::jthread writer = Writer(m_Second);
     AwaitWaiting(0, 1);
-    surface.WriteLock();
-    std::jthread reader = Reader(first);
+    m_Surface.WriteLock();
+    std::jthread reader = Reader(m_First);
     AwaitWaiting(1, 1);
-    EXPECT_EQ(surface.FbCopy(&surface, 0, 0, 4, 4, 2, 2, 1, nullptr), 0);
-    EXPECT_EQ(turns, 0);
-    surface.WriteUnlock();
+    EXPECT_EQ(m_Surface.FbCopy(&m_Surface, 0, 0, 4, 4, 2, 2, 1, nullptr), 0);
+    EXPECT_EQ(m_Turns, 0);
+    m_Surface.WriteUnlock();
     reader.join();
-    EXPECT_EQ(turns, 1) << "the shared hold that is left keeps the writer out";
-    surface.ReadUnlock();
+    EXPECT_EQ(m_Turns, 1) << "the shared hold that is left keeps the writer out";
+    m_Surface.ReadUnlock();
     writer.join();
-    EXPECT_EQ(second, 2);
+    EXPECT_EQ(m_Second, 2);
 }
 
 // Whether it still reads or has left, the thread that opened the group waits for the others.
@@ -111,21 +111,21 @@ TEST_F(BufferLock, OpenerGetsExclusiveHoldOnceOtherReadersAreGone) {
     for (const bool leaves : {true, false}) {
         std::latch joined(1);
         std::atomic<bool> gone{false};
-        surface.ReadLock();
+        m_Surface.ReadLock();
         const std::jthread other([&] {
-            surface.ReadLock();
+            m_Surface.ReadLock();
             joined.count_down();
             AwaitWaiting(0, 1);
             gone = true;
-            surface.ReadUnlock();
+            m_Surface.ReadUnlock();
         });
         joined.wait();
         if (leaves) {
-            surface.ReadUnlock();
+            m_Surface.ReadUnlock();
         }
-        surface.WriteLock();
+        m_Surface.WriteLock();
         EXPECT_TRUE(gone);
-        surface.WriteUnlock();
+        m_Surface.WriteUnlock();
     }
 }
 
@@ -133,49 +133,49 @@ TEST_F(BufferLock, OpenerGetsExclusiveHoldOnceOtherReadersAreGone) {
 TEST_F(BufferLock, PixelOperationsTakeTheirHolds) {
     CKVFrameBuffer other(8, 8, 1);
     const std::function<void()> writing[] = {
-        [&] { surface.Clear(); },
-        [&] { surface.ClearCol(1); },
+        [&] { m_Surface.Clear(); },
+        [&] { m_Surface.ClearCol(1); },
         [&] {
-            surface.ClearCross({2, 2}, 1, 2);
+            m_Surface.ClearCross({2, 2}, 1, 2);
         },
-        [&] { surface.ImageChColor(1); },
-        [&] { surface.ClearKey(); },
-        [&] { surface.MakeLuminanceKey(1, 2); },
-        [&] { EXPECT_EQ(other.GetKeyFreameBuffer(&surface), 0); },
-        [&] { EXPECT_EQ(surface.FbCopy(&other, 0, 0, 8, 8, 0, 0, 1, nullptr), 0); },
+        [&] { m_Surface.ImageChColor(1); },
+        [&] { m_Surface.ClearKey(); },
+        [&] { m_Surface.MakeLuminanceKey(1, 2); },
+        [&] { EXPECT_EQ(other.GetKeyFreameBuffer(&m_Surface), 0); },
+        [&] { EXPECT_EQ(m_Surface.FbCopy(&other, 0, 0, 8, 8, 0, 0, 1, nullptr), 0); },
     };
     for (const auto& operation : writing) {
-        surface.ReadLock();
+        m_Surface.ReadLock();
         const std::jthread writer(operation);
         AwaitWaiting(0, 1);
-        surface.ReadUnlock();
+        m_Surface.ReadUnlock();
     }
     const std::function<void()> reading[] = {
-        [&] { EXPECT_EQ(surface.GetKeyFreameBuffer(&other), 0); },
-        [&] { EXPECT_EQ(other.FbCopy(&surface, 0, 0, 8, 8, 0, 0, 1, nullptr), 0); },
+        [&] { EXPECT_EQ(m_Surface.GetKeyFreameBuffer(&other), 0); },
+        [&] { EXPECT_EQ(other.FbCopy(&m_Surface, 0, 0, 8, 8, 0, 0, 1, nullptr), 0); },
     };
     for (const auto& operation : reading) {
-        surface.WriteLock();
+        m_Surface.WriteLock();
         const std::jthread reader(operation);
         AwaitWaiting(1, 0);
-        surface.WriteUnlock();
+        m_Surface.WriteUnlock();
     }
-    EXPECT_EQ(surface.m_ReadCount, 0);
+    EXPECT_EQ(m_Surface.m_ReadCount, 0);
 }
 
 // Two threads write, two read: pixels 0 and 63 differ only inside an exclusive hold.
 TEST_F(BufferLock, HoldsKeepThreadsApart) {
     const auto write = [this] {
         for (int i = 0; i < 2000; ++i) {
-            surface.WriteLock();
-            ++surface.GetBufferDWord()[0];
-            surface.FbCopy(&surface, 0, 0, 1, 1, 7, 7, 0, nullptr);
-            surface.WriteUnlock();
+            m_Surface.WriteLock();
+            ++m_Surface.GetBufferDWord()[0];
+            m_Surface.FbCopy(&m_Surface, 0, 0, 1, 1, 7, 7, 0, nullptr);
+            m_Surface.WriteUnlock();
         }
     };
     const auto read = [this] {
         for (int i = 0; i < 2000; ++i) {
-            const CKVFrameBuffer copy(surface);
+            const CKVFrameBuffer copy(m_Surface);
             ASSERT_EQ(copy.GetBufferDWord()[0], copy.GetBufferDWord()[63]);
         }
     };
@@ -183,7 +183,7 @@ TEST_F(BufferLock, HoldsKeepThreadsApart) {
         const std::jthread threads[] = {std::jthread(write), std::jthread(read),
                                         std::jthread(write), std::jthread(read)};
     }
-    EXPECT_EQ(surface.GetBufferDWord()[63], 4000U);
+    EXPECT_EQ(m_Surface.GetBufferDWord()[63], 4000U);
 }
 
 }  // namespace

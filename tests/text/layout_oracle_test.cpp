@@ -24,71 +24,73 @@ struct Line {
 
 class Oracle {
   public:
-    Oracle(const tagKVFONTINFO& record, const char* string) : info(record), text(string) {}
+    Oracle(const tagKVFONTINFO& record, const char* string) : m_Info(record), m_Text(string) {}
 
     void Run(Line& line) {
-        LOGFONTA plain = Find(info.FontName), f = plain;
-        if (vertical && f.lfCharSet == 128) {
+        LOGFONTA plain = Find(m_Info.FontName), f = plain;
+        if (m_Vertical && f.lfCharSet == 128) {
             CKVFont().GetFontLogfont(nullptr, (std::string("@") + f.lfFaceName).c_str(), &f);
         }
-        f.lfHeight = info.Size_Height * s;
-        f.lfWeight = info.Weight != 0 ? 700 : 400;
-        f.lfItalic = BYTE(info.Italic);
+        f.lfHeight = m_Info.Size_Height * m_Scale;
+        f.lfWeight = m_Info.Weight != 0 ? 700 : 400;
+        f.lfItalic = BYTE(m_Info.Italic);
         f.lfWidth = f.lfOrientation = 0;
-        f.lfEscapement = vertical ? -900 : 0;
+        f.lfEscapement = m_Vertical ? -900 : 0;
         CFont font = Use(f);
-        const int a0 = tm.tmAveCharWidth, p = info.Size_WidthPer != 0 ? info.Size_WidthPer : 100;
-        const double aspect = info.AspectMode == 0 ? 1.125 : 1.0;
-        if (vertical) {
-            f.lfHeight = int((s * info.Size_Height * p * 1.125 + 50.0) / 100.0);
+        const int a0 = m_Metric.tmAveCharWidth,
+                  p = m_Info.Size_WidthPer != 0 ? m_Info.Size_WidthPer : 100;
+        const double aspect = m_Info.AspectMode == 0 ? 1.125 : 1.0;
+        if (m_Vertical) {
+            f.lfHeight = int((m_Scale * m_Info.Size_Height * p * 1.125 + 50.0) / 100.0);
             f.lfWidth = a0;
         } else {
             f.lfWidth = int((double(a0) * p * aspect + 50.0) / 100.0);
         }
         font = Use(f);
-        const int a = tm.tmAveCharWidth;
-        if (info.SpPer != 0) {
-            dc.SetTextJustification(-(a / 2) - int(a * 0.5 * info.SpPer / -100.0), 1);
+        const int a = m_Metric.tmAveCharWidth;
+        if (m_Info.SpPer != 0) {
+            m_Context.SetTextJustification(-(a / 2) - int(a * 0.5 * m_Info.SpPer / -100.0), 1);
         }
         CStringArray parts;
         CString multi;
-        CKVFont().SplitMultiAndSingle(text.c_str(), parts, multi);
-        measured = info.Dir == 3 ? std::string(multi) : text;
-        e = info.Space * s;
+        CKVFont().SplitMultiAndSingle(m_Text.c_str(), parts, multi);
+        m_Measured = m_Info.Dir == 3 ? std::string(multi) : m_Text;
+        m_Extra = m_Info.Space * m_Scale;
         Measure();
-        if (info.FitMode != 0) {
-            const int target = (vertical ? info.Eria_Height : info.Eria_Width) * s;
-            const auto [extra, shrinks, resized, ratio] = kv::text::Fit(
-                {L, target, n, e, info.FitSpMax_Min * s, info.FitSpMax_Max * s, info.FitMode == 2});
-            e = int(extra);
+        if (m_Info.FitMode != 0) {
+            const int target = (m_Vertical ? m_Info.Eria_Height : m_Info.Eria_Width) * m_Scale;
+            const auto [extra, shrinks, resized, ratio] =
+                kv::text::Fit({m_Length, target, m_Count, m_Extra, m_Info.FitSpMax_Min * m_Scale,
+                               m_Info.FitSpMax_Max * m_Scale, m_Info.FitMode == 2});
+            m_Extra = int(extra);
             if (resized) {
-                const double cut = info.Dir == 0 ? 0.0 : 0.5;
+                const double cut = m_Info.Dir == 0 ? 0.0 : 0.5;
                 int q = int(p * ratio + cut);
-                q = shrinks ? std::max(q, info.FitStrMax_Min) : std::min(q, info.FitStrMax_Max);
-                f.lfWidth = info.Dir == 3   ? int((ratio * 100.0 * a + 50.0) / 100.0)
-                            : info.Dir == 2 ? int((double(a0) * q * aspect + 50.0) / 100.0)
-                                            : int((double(a) * q + 50.0) / 100.0);
+                q = shrinks ? std::max(q, m_Info.FitStrMax_Min) : std::min(q, m_Info.FitStrMax_Max);
+                f.lfWidth = m_Info.Dir == 3   ? int((ratio * 100.0 * a + 50.0) / 100.0)
+                            : m_Info.Dir == 2 ? int((double(a0) * q * aspect + 50.0) / 100.0)
+                                              : int((double(a) * q + 50.0) / 100.0);
             }
             font = Use(f);
             Measure();
         }
         Place(f.lfCharSet, line);
         CBitmap bitmap;
-        bitmap.CreateBitmap(W, H, 1, 1, nullptr);
-        dc.SelectObject(bitmap);
-        dc.SetTextColor(0xFFFFFF);
-        dc.SetBkColor(0);
-        dc.SetTextCharacterExtra(e);
-        if (info.Dir == 3) {
+        bitmap.CreateBitmap(m_Width, m_Height, 1, 1, nullptr);
+        m_Context.SelectObject(bitmap);
+        m_Context.SetTextColor(0xFFFFFF);
+        m_Context.SetBkColor(0);
+        m_Context.SetTextCharacterExtra(m_Extra);
+        if (m_Info.Dir == 3) {
             plain.lfHeight = 2 * f.lfWidth;
             plain.lfWidth = f.lfHeight / 2;
             plain.lfWeight = f.lfWeight;
             plain.lfItalic = f.lfItalic;
             DrawRuns(parts, font, plain);
         } else {
-            Out(vertical ? C : 0, 0, text);
+            Out(m_Vertical ? m_Across : 0, 0, m_Text);
         }
-        line.mask.Create(W, H);
+        line.mask.Create(m_Width, m_Height);
         bitmap.GetBitmapBits(line.mask.Size, line.mask.Bits);
     }
 
@@ -102,63 +104,66 @@ class Oracle {
     CFont Use(const LOGFONTA& f) {
         CFont font;
         font.CreateFontIndirectA(f);
-        dc.SelectObject(font);
-        dc.GetTextMetricsA(&tm);
+        m_Context.SelectObject(font);
+        m_Context.GetTextMetricsA(&m_Metric);
         return font;
     }
     tagSIZE Extent(const std::string& run) {
         tagSIZE size{};
-        dc.GetTextExtentPoint32A(run.c_str(), int(run.size()), &size);
+        m_Context.GetTextExtentPoint32A(run.c_str(), int(run.size()), &size);
         return size;
     }
     void Out(int x, int y, const std::string& run) {
-        dc.TextOutA(x, y, run.c_str(), int(run.size()));
+        m_Context.TextOutA(x, y, run.c_str(), int(run.size()));
     }
     void Measure() {
-        dc.SetTextCharacterExtra(e < 0 ? 0 : e);
-        n = int(kv::_mbslen(measured.c_str()));
-        L = Extent(measured).cx + (e < 0 ? (n - 2) * e : -e);
-        C = Extent(measured).cy;
+        m_Context.SetTextCharacterExtra(m_Extra < 0 ? 0 : m_Extra);
+        m_Count = int(kv::_mbslen(m_Measured.c_str()));
+        m_Length = Extent(m_Measured).cx + (m_Extra < 0 ? (m_Count - 2) * m_Extra : -m_Extra);
+        m_Across = Extent(m_Measured).cy;
     }
     void Place(BYTE charSet, Line& line) {
-        const int v = info.Italic != 0 ? tm.tmAveCharWidth / 2 : 0, along = L / s;
-        const int low = charSet == 128 ? 0 : tm.tmDescent / s - int(tm.tmHeight * 0.05 / s);
-        const int area = vertical ? info.Eria_Height : info.Eria_Width;
-        const int align = info.Format == 1   ? area - along
-                          : info.Format == 2 ? area / 2 - along / 2
-                                             : 0;
-        int x = info.Pos_X, y = info.Pos_Y;
-        if (vertical) {
-            W = (C + 15) / 16 * 16;
-            H = (L + v + s - 1) / s * s;
+        const int v = m_Info.Italic != 0 ? m_Metric.tmAveCharWidth / 2 : 0,
+                  along = m_Length / m_Scale;
+        const int low =
+            charSet == 128 ? 0
+                           : m_Metric.tmDescent / m_Scale - int(m_Metric.tmHeight * 0.05 / m_Scale);
+        const int area = m_Vertical ? m_Info.Eria_Height : m_Info.Eria_Width;
+        const int align = m_Info.Format == 1   ? area - along
+                          : m_Info.Format == 2 ? area / 2 - along / 2
+                                               : 0;
+        int x = m_Info.Pos_X, y = m_Info.Pos_Y;
+        if (m_Vertical) {
+            m_Width = (m_Across + 15) / 16 * 16;
+            m_Height = (m_Length + v + m_Scale - 1) / m_Scale * m_Scale;
             line.pos = {x - low, y + align};
-            line.next = {x, (info.FitMode != 0 ? y : line.pos.y) + along};
+            line.next = {x, (m_Info.FitMode != 0 ? y : line.pos.y) + along};
         } else {
-            W = (L + v + 15) / 16 * 16;
-            H = (C + s - 1) / s * s;
-            if (info.AddressMode != 0)
-                x = info.NextAddress_X, y = info.NextAddress_Y;
-            line.pos = {x + align, y - tm.tmHeight / s + low};
-            line.next = {(info.FitMode != 0 ? info.Pos_X : line.pos.x) + along, info.Pos_Y};
+            m_Width = (m_Length + v + 15) / 16 * 16;
+            m_Height = (m_Across + m_Scale - 1) / m_Scale * m_Scale;
+            if (m_Info.AddressMode != 0)
+                x = m_Info.NextAddress_X, y = m_Info.NextAddress_Y;
+            line.pos = {x + align, y - m_Metric.tmHeight / m_Scale + low};
+            line.next = {(m_Info.FitMode != 0 ? m_Info.Pos_X : line.pos.x) + along, m_Info.Pos_Y};
         }
     }
     void DrawRuns(const CStringArray& parts, const CFont& line, const LOGFONTA& upright) {
         for (int i = 0, c = 0; i < parts.GetSize(); ++i) {
             const std::string run(parts[i]);
-            dc.SelectObject(line);
-            dc.SetTextCharacterExtra(e);
+            m_Context.SelectObject(line);
+            m_Context.SetTextCharacterExtra(m_Extra);
             if (kv::CharBytes(run.c_str()) == 2) {
-                Out(C, c, run);
+                Out(m_Across, c, run);
                 c += Extent(run).cx;
             } else if (!run.empty()) {
                 const tagSIZE cell = Extent("\x81\x9B");
-                dc.SetTextCharacterExtra(0);
+                m_Context.SetTextCharacterExtra(0);
                 LOGFONTA squeezed = upright;
                 Use(upright);
                 const int r = Extent(run).cx;
                 if (r > cell.cy) {
                     const int q = int(double(cell.cy) / r * 100.0);
-                    squeezed.lfWidth = int((double(q) * tm.tmAveCharWidth + 50.0) / 100.0);
+                    squeezed.lfWidth = int((double(q) * m_Metric.tmAveCharWidth + 50.0) / 100.0);
                     Use(squeezed);
                 }
                 if (upright.lfHeight != 0)
@@ -168,14 +173,14 @@ class Oracle {
         }
     }
 
-    const tagKVFONTINFO& info;
-    const std::string text;
-    std::string measured;
-    CDC dc;
-    TEXTMETRICA tm{};
-    const bool vertical = info.Dir % 2 == 1;
-    const int s = info.AntiScale;
-    int e = 0, n = 0, L = 0, C = 0, W = 0, H = 0;
+    const tagKVFONTINFO& m_Info;
+    const std::string m_Text;
+    std::string m_Measured;
+    CDC m_Context;
+    TEXTMETRICA m_Metric{};
+    const bool m_Vertical = m_Info.Dir % 2 == 1;
+    const int m_Scale = m_Info.AntiScale;
+    int m_Extra = 0, m_Count = 0, m_Length = 0, m_Across = 0, m_Width = 0, m_Height = 0;
 };
 
 tagKVFONTINFO RandomRecord(std::mt19937& random) {

@@ -176,6 +176,7 @@ TEST_F(FileSharing, HoldsInManyThreads) {
     std::atomic<int> had = 0;
     std::atomic<int> owners = 0;
     std::vector<std::jthread> threads;
+    threads.reserve(4);
     for (int thread = 0; thread < 4; ++thread) {
         threads.emplace_back([&] {
             for (int i = 0; i < 300; ++i) {
