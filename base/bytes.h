@@ -1,12 +1,33 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <span>
 
 // Reading and writing of stored bytes. Nothing is touched outside the span given.
 namespace kv {
+
+/// The bytes of an unsigned number, the lowest first, and back. FromLittleEndian wants as many
+/// bytes as the number has.
+template <typename Bits>
+constexpr std::array<std::uint8_t, sizeof(Bits)> ToLittleEndian(Bits bits) {
+    std::array<std::uint8_t, sizeof(Bits)> bytes{};
+    for (std::uint8_t& byte : bytes) {
+        byte = static_cast<std::uint8_t>(bits & 0xFF);
+        bits >>= 8;
+    }
+    return bytes;
+}
+template <typename Bits>
+constexpr Bits FromLittleEndian(std::span<const std::uint8_t> bytes) {
+    Bits bits = 0;
+    for (std::size_t i = sizeof(Bits); i-- > 0;) {
+        bits = bits << 8 | bytes[i];
+    }
+    return bits;
+}
 
 class ByteReader {
   public:

@@ -21,7 +21,7 @@ namespace {
 constexpr BYTE kNoOperation = 0x80;
 
 // A packet of three bytes, control byte and word, yields at most 128 pixels.
-constexpr std::uint64_t kMostPixelsPerByte = 43;
+constexpr std::uint64_t kMaxPixelsPerByte = 43;
 
 // The three forms of a stored row. A row wants so many unpacked bytes; the scratch row that takes
 // them has at least Room bytes, since packets run on and pixels may lie behind; a row's pixels are
@@ -77,7 +77,7 @@ struct Words16 {
 // that is faster; the packets that follow write over what was too much.
 template <std::size_t kUnit>
 struct PutPacket {
-    static constexpr std::size_t kMostBytes = 128 * kUnit;
+    static constexpr std::size_t kMaxBytes = 128 * kUnit;
     static constexpr std::size_t kShortBytes = 32;
 
     static void Copy(BYTE* to, const BYTE* from, std::size_t bytes, bool isRoomy) {
@@ -87,7 +87,7 @@ struct PutPacket {
         }
         std::memcpy(to, from, kShortBytes);
         if (bytes > kShortBytes) {
-            std::memcpy(to + kShortBytes, from + kShortBytes, kMostBytes - kShortBytes);
+            std::memcpy(to + kShortBytes, from + kShortBytes, kMaxBytes - kShortBytes);
         }
     }
 
@@ -98,7 +98,7 @@ struct PutPacket {
         }
         Fill(to, unit, kShortBytes);
         if (bytes > kShortBytes) {
-            Fill(to + kShortBytes, unit, kMostBytes - kShortBytes);
+            Fill(to + kShortBytes, unit, kMaxBytes - kShortBytes);
         }
     }
 
@@ -187,7 +187,7 @@ class Unpacker {
             }
             const bool isRun = control > kNoOperation;
             const std::size_t bytes = (isRun ? 257U - control : control + 1U) * Stored::kUnit;
-            const bool isRoomy = std::min(m_Wanted - done, packets.Remaining()) >= Put::kMostBytes;
+            const bool isRoomy = std::min(m_Wanted - done, packets.Remaining()) >= Put::kMaxBytes;
             const auto stored = packets.Take(isRun ? Stored::kUnit : bytes);
             if (stored.size() < (isRun ? Stored::kUnit : bytes)) {
                 return false;
@@ -238,7 +238,7 @@ int CKVPictImage::ImgConv_PictToFb(const BYTE* src, DWORD size, const tagFMT_PIC
     }
     const auto columns = static_cast<DWORD>(width);
     const auto rows = static_cast<DWORD>(height);
-    if (!kv::MayHold(size, kv::SaturatedProduct({columns, rows}), kMostPixelsPerByte) ||
+    if (!kv::MayHold(size, kv::SaturatedProduct({columns, rows}), kMaxPixelsPerByte) ||
         fb->CreateFrameBuffer(width, height, 1) != 0) {
         return -1;
     }

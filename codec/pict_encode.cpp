@@ -16,7 +16,7 @@
 
 namespace {
 
-using kv::pict::kMostPacketBytes;
+using kv::pict::kMaxPacketBytes;
 using kv::pict::Packet;
 
 // Literals are copied by blocks, most are short; so much is spare behind both rows.
@@ -28,7 +28,7 @@ constexpr std::size_t kWideCountMost = 0xFFFF;
 // What a row takes in literal packets alone.
 constexpr std::uint64_t LiteralBytes(DWORD width) {
     const std::uint64_t bytes = std::uint64_t{width} * 4;
-    return bytes + (bytes + kMostPacketBytes - 1) / kMostPacketBytes;
+    return bytes + (bytes + kMaxPacketBytes - 1) / kMaxPacketBytes;
 }
 
 // Both write a packet; the place behind it.
@@ -81,8 +81,8 @@ class RowPacker {
 
     std::size_t PackAsLiterals() {
         BYTE* to = m_Packed.data();
-        for (std::size_t at = 0; at < m_RowBytes; at += kMostPacketBytes) {
-            to = PutLiterals(to, m_Planes.data() + at, std::min(m_RowBytes - at, kMostPacketBytes));
+        for (std::size_t at = 0; at < m_RowBytes; at += kMaxPacketBytes) {
+            to = PutLiterals(to, m_Planes.data() + at, std::min(m_RowBytes - at, kMaxPacketBytes));
         }
         return static_cast<std::size_t>(to - m_Packed.data());
     }
@@ -99,7 +99,7 @@ class RowPacker {
 LONG GrownLiteral(const BYTE* bytes, LONG remaining, LONG count) {
     LONG grown = count;
     LONG equals = 0;
-    for (LONG at = count; at < remaining && grown < LONG{kMostPacketBytes}; ++at) {
+    for (LONG at = count; at < remaining && grown < LONG{kMaxPacketBytes}; ++at) {
         if (bytes[at] != bytes[at + 1]) {
             grown += equals;
             equals = 0;
@@ -150,7 +150,7 @@ int CKVPictImage::ImgConv_Comp32A(const BYTE* src, BYTE* dst, DWORD width, DWORD
 
 int CKVPictImage::PictCheckComp(const BYTE* bytes, LONG remaining, LONG* isRun) {
     const bool run = bytes[0] == bytes[1];
-    const LONG most = std::min(remaining, LONG{kMostPacketBytes});
+    const LONG most = std::min(remaining, LONG{kMaxPacketBytes});
     LONG count = 1;
     while (count < most && (bytes[count] == bytes[count + 1]) == run) {
         ++count;

@@ -10,7 +10,7 @@
 
 namespace kv::pict {
 
-inline constexpr std::size_t kMostPacketBytes = 127;
+inline constexpr std::size_t kMaxPacketBytes = 127;
 
 struct Packet {
     std::size_t count;  ///< bytes of the row
@@ -36,7 +36,7 @@ class RowPackets {
         }
         const std::size_t repeats =
             ~equals != 0 ? FirstBit(~equals) : kWordBits + FirstBit(~EqualsFrom(start + kWordBits));
-        return {std::min({repeats + 1, m_Size - start, kMostPacketBytes}), true};
+        return {std::min({repeats + 1, m_Size - start, kMaxPacketBytes}), true};
     }
 
   private:
@@ -67,7 +67,7 @@ class RowPackets {
     // A literal ends before the first repeat. If a long repeat lies ahead, it grows by the shorter
     // ones on the way there, unless that makes it too long.
     std::size_t LiteralCount(std::size_t start, std::uint64_t equals) {
-        const std::size_t most = std::min(m_Size - start, kMostPacketBytes);
+        const std::size_t most = std::min(m_Size - start, kMaxPacketBytes);
         const std::size_t single =
             equals != 0 ? FirstBit(equals) : kWordBits + FirstBit(EqualsFrom(start + kWordBits));
         if (single >= most) {
@@ -84,7 +84,7 @@ class RowPackets {
             return single;
         }
         const std::size_t grown = single + EqualsBefore(m_NextLongRepeat) - EqualsBefore(repeat);
-        return grown < kMostPacketBytes ? grown : single;
+        return grown < kMaxPacketBytes ? grown : single;
     }
 
     std::size_t FindLongRepeat(std::size_t at) const;

@@ -23,7 +23,7 @@ namespace {
 
 // A header in memory that the caller vouches for may tell any number of colours; more than this
 // serve no purpose.
-constexpr std::size_t kMostColours = 256;
+constexpr std::size_t kMaxColours = 256;
 
 bool IsDepth(int bitCount) {
     return kv::dib::DefaultColours(bitCount).has_value();
@@ -67,10 +67,10 @@ CDib::~CDib() {
 }
 
 int CDib::Create(int width, int height, int bitCount, int topDown) {
-    constexpr std::uint64_t kMost = std::numeric_limits<DWORD>::max();
+    constexpr std::uint64_t kMax = std::numeric_limits<DWORD>::max();
     if (width < 1 || height < 1 || !IsDepth(bitCount) ||
         kv::dib::RowBytes(width, static_cast<unsigned int>(bitCount)) >
-            kMost / static_cast<std::uint64_t>(height)) {
+            kMax / static_cast<std::uint64_t>(height)) {
         return 0;
     }
     Empty();
@@ -110,7 +110,7 @@ void CDib::AttachBlock(void* header, std::size_t blockBytes) {
     const std::size_t imageOffset = kHeaderBytes + TableBytes(m_ColorEntries);
     m_Image = static_cast<BYTE*>(header) + imageOffset;
     if (blockBytes == 0) {
-        m_HeaderBytes = std::min(imageOffset, kHeaderBytes + kMostColours * sizeof(tagRGBQUAD));
+        m_HeaderBytes = std::min(imageOffset, kHeaderBytes + kMaxColours * sizeof(tagRGBQUAD));
     } else {
         m_HeaderBytes = std::min(imageOffset, blockBytes);
         m_SizeImage =

@@ -100,8 +100,9 @@ int CKVBwDraw::MakeAntiGray(int scale, const CKVMonoBitmap* mask, CKVGrayBitmap*
     return ResultOf(kv::Reduce(scale, *mask, *coverage));
 }
 
-int CKVBwDraw::MakeFb_Color(const CKVGrayBitmap* coverage, CKVFrameBuffer* fb, const DWORD* color) {
-    return PaintBy(kv::SourceOf(kv::kColourPaint, color, nullptr, nullptr), coverage, fb);
+int CKVBwDraw::MakeFb_Color(const CKVGrayBitmap* coverage, CKVFrameBuffer* fb,
+                            const DWORD* colour) {
+    return PaintBy(kv::SourceOf(kv::kColourPaint, colour, nullptr, nullptr), coverage, fb);
 }
 
 int CKVBwDraw::MakeFb_Grad(const CKVGrayBitmap* coverage, CKVFrameBuffer* fb,

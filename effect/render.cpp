@@ -33,9 +33,9 @@ RenderedOnto RenderOnto(CKVFrameBuffer& target, const tagKVBWDRAWINFO& info, Lay
     }
 
     // Starts as the box whose corners are all beaten: with the wrap its right and bottom are -1.
-    constexpr LONG kLeast = std::numeric_limits<LONG>::min();
-    constexpr LONG kMost = std::numeric_limits<LONG>::max();
-    CBox touched(kMost, kMost, kLeast, kLeast);
+    constexpr LONG kMin = std::numeric_limits<LONG>::min();
+    constexpr LONG kMax = std::numeric_limits<LONG>::max();
+    CBox touched(kMax, kMax, kMin, kMin);
     // A layer that falls outside the target leaves the box of the one before it.
     CBox last;
     for (const Layer* layer : {&layers.shadow, &layers.edge, &body}) {

@@ -61,7 +61,7 @@ class KVDRAW_API CKVBwDraw {
 
     /// Makes fb a new surface of coverage's size, painted with the colour through the coverage: the
     /// key is scaled by it, uncovered pixels are 0. -1 when a pointer is null or memory runs out.
-    int MakeFb_Color(const CKVGrayBitmap* coverage, CKVFrameBuffer* fb, const DWORD* color);
+    int MakeFb_Color(const CKVGrayBitmap* coverage, CKVFrameBuffer* fb, const DWORD* colour);
 
     /// The same with a gradient: the ramp over the whole layer, then its key scaled by the
     /// coverage. grad's x and y are pixels of this layer. Results as MakeFb_Color; grad null

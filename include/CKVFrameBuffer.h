@@ -126,17 +126,17 @@ class KVDRAW_API CKVFrameBuffer {
     /// Transparent black everywhere.
     void Clear();
 
-    /// color, key included, everywhere.
-    void ClearCol(DWORD color);
+    /// colour, key included, everywhere.
+    void ClearCol(DWORD colour);
 
     /// A check pattern of two solid colours, whatever their keys: cells of cell.x by cell.y pixels,
     /// each at least 2, color1 at the upper left.
     void ClearCross(tagPOINT cell, DWORD color1, DWORD color2);
 
-    /// Tints the picture: each channel becomes floor(Y * channel of color / 255), where Y is the
-    /// pixel's luminance (R * 19661 + G * 38666 + B * 7209 + 32768) >> 16. Keys stay; that of color
-    /// is not used.
-    void ImageChColor(DWORD color);
+    /// Tints the picture: each channel becomes floor(Y * channel of colour / 255), where Y is the
+    /// pixel's luminance (R * 19661 + G * 38666 + B * 7209 + 32768) >> 16. Keys stay; that of
+    /// colour is not used.
+    void ImageChColor(DWORD colour);
 
     /// Key 0 everywhere; the colours stay.
     void ClearKey();

@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <span>
 
+#include "base/bytes.h"
+
 // A record's fields in a block of stored bytes, little-endian. Reader and writer have the same
 // calls, so that one visit of the fields, in stored order, serves both ways. The block must hold
 // all that is visited.
@@ -14,12 +16,7 @@ class BlockReader {
   public:
     explicit BlockReader(std::span<const std::uint8_t> block) : m_Rest(block) {}
 
-    void Field(std::uint32_t& value) {
-        value = 0;
-        for (int shift = 0; shift < 32; shift += 8) {
-            value |= std::uint32_t{Take(1)[0]} << shift;
-        }
-    }
+    void Field(std::uint32_t& value) { value = FromLittleEndian<std::uint32_t>(Take(4)); }
     void Field(std::int32_t& value) {
         std::uint32_t bits = 0;
         Field(bits);
@@ -43,12 +40,7 @@ class BlockWriter {
   public:
     explicit BlockWriter(std::span<std::uint8_t> block) : m_Rest(block) {}
 
-    void Field(std::uint32_t value) {
-        for (std::uint8_t& byte : Take(4)) {
-            byte = static_cast<std::uint8_t>(value & 0xFF);
-            value >>= 8;
-        }
-    }
+    void Field(std::uint32_t value) { std::ranges::copy(ToLittleEndian(value), Take(4).begin()); }
     void Field(std::int32_t value) { Field(static_cast<std::uint32_t>(value)); }
     void Field(std::span<const char> text) { std::ranges::copy(text, Take(text.size()).begin()); }
     void Skip(std::size_t count) { Take(count); }

@@ -20,8 +20,8 @@ void VisitEffect(Fields& fields, tagKVBWDRAWINFO& record) {
                         &record.BodyMode, &record.EdgeMode, &record.ShadMode}) {
         fields.Field(*field);
     }
-    for (DWORD* color : {&record.BodyCol, &record.EdgeCol, &record.ShadCol}) {
-        fields.Field(*color);
+    for (DWORD* colour : {&record.BodyCol, &record.EdgeCol, &record.ShadCol}) {
+        fields.Field(*colour);
     }
     for (tagGRADINFO* grad : {&record.BodyGrad, &record.EdgeGrad, &record.ShadGrad}) {
         for (LONG* field : {&grad->Mode, &grad->Patern, &grad->x, &grad->y}) {

@@ -9,36 +9,19 @@
 
 #include <platform/exception.h>
 
+#include "base/bytes.h"
+
 namespace kv {
 namespace {
 
 constexpr std::size_t kStringChunk = 65536;
 
-template <typename Bits>
-std::array<BYTE, sizeof(Bits)> ToBytes(Bits bits) {
-    std::array<BYTE, sizeof(Bits)> bytes{};
-    for (BYTE& byte : bytes) {
-        byte = static_cast<BYTE>(bits & 0xFF);
-        bits >>= 8;
-    }
-    return bytes;
-}
-
-template <typename Bits>
-Bits FromBytes(const std::array<BYTE, sizeof(Bits)>& bytes) {
-    Bits bits = 0;
-    for (std::size_t i = bytes.size(); i-- > 0;) {
-        bits = bits << 8 | bytes[i];
-    }
-    return bits;
-}
-
 // Read over the bytes that the value has, so that a part leaves the rest as it was.
 template <typename Bits, typename Value>
 bool ReadOver(FieldReader& reader, Value& value) {
-    auto bytes = ToBytes(std::bit_cast<Bits>(value));
+    auto bytes = ToLittleEndian(std::bit_cast<Bits>(value));
     const bool whole = reader.Block(bytes);
-    value = std::bit_cast<Value>(FromBytes<Bits>(bytes));
+    value = std::bit_cast<Value>(FromLittleEndian<Bits>(bytes));
     return whole;
 }
 
@@ -81,11 +64,11 @@ bool FieldReader::String(CString& text) {
 }
 
 void FieldWriter::Int32(LONG value) {
-    Block(ToBytes(std::bit_cast<DWORD>(value)));
+    Block(ToLittleEndian(std::bit_cast<DWORD>(value)));
 }
 
 void FieldWriter::Double(double value) {
-    Block(ToBytes(std::bit_cast<std::uint64_t>(value)));
+    Block(ToLittleEndian(std::bit_cast<std::uint64_t>(value)));
 }
 
 void FieldWriter::Block(std::span<const BYTE> bytes) {

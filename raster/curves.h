@@ -12,12 +12,12 @@ struct PathPoint {
 };
 
 /// Enough for curves two thousand million pixels across; beyond it the chords show.
-inline constexpr int kMostChords = 1 << 16;
+inline constexpr int kMaxChords = 1 << 16;
 
-/// The next whole number, from 1 to kMostChords. Also for what is no number: its points are found
+/// The next whole number, from 1 to kMaxChords. Also for what is no number: its points are found
 /// out later.
 inline int ToCount(double parts) {
-    return !(parts > 1.0) ? 1 : static_cast<int>(std::ceil(std::min(parts, double{kMostChords})));
+    return !(parts > 1.0) ? 1 : static_cast<int>(std::ceil(std::min(parts, double{kMaxChords})));
 }
 
 /// The chords of equal parameter length that stay within `flatness` of a curve over 0 to 1 whose

@@ -16,7 +16,7 @@ constexpr double kArcFlatness = 0.1;
 // Shorter pieces are left to the next one: below the grain of fixed point their direction is noise.
 constexpr double kShortest = 1.0 / 1024.0;
 // Halvings of the first and last chord of a curve.
-constexpr int kMostHalvings = 12;
+constexpr int kMaxHalvings = 12;
 
 PathPoint operator+(PathPoint a, PathPoint b) {
     return {a.x + b.x, a.y + b.y};
@@ -75,7 +75,7 @@ void Stroker::AddCurve(const Curve& curve) {
         const double length = Distance(curve.At(end), curve.At(inner));
         double stray = 4.0 * kPathFlatness * m_Radius;
         int halved = 0;
-        for (; halved < kMostHalvings && stray > kArcFlatness * length; ++halved) {
+        for (; halved < kMaxHalvings && stray > kArcFlatness * length; ++halved) {
             stray /= 2.0;
         }
         return halved;

@@ -38,8 +38,8 @@ EnlargedShape::EnlargedShape(const CDrawGraph& shape, const Form& form)
         std::minmax_element(m_Points.begin(), m_Points.end(),
                             [](const CPoint& a, const CPoint& b) { return a.y < b.y; });
     // A hand-filled record may hold anything; so far out every size is beyond a mask.
-    constexpr LONG kMostScale = 1 << 16;
-    m_Scale = std::clamp(shape.GetAntiScale(), -kMostScale, kMostScale);
+    constexpr LONG kMaxScale = 1 << 16;
+    m_Scale = std::clamp(shape.GetAntiScale(), -kMaxScale, kMaxScale);
     m_OriginX = m_Scale * minX->x;
     m_OriginY = m_Scale * minY->y;
     m_PenWidth = m_Scale * shape.m_PenSize;
@@ -53,10 +53,9 @@ tagPOINT EnlargedShape::Pos() const {
 }
 
 bool EnlargedShape::FitsMask() const {
-    constexpr std::int64_t kMostBits = std::numeric_limits<DWORD>::max() / std::int64_t{2} * 16;
+    constexpr std::int64_t kMaxBits = std::numeric_limits<DWORD>::max() / std::int64_t{2} * 16;
     return m_Width >= 1 && m_Height >= 1 && m_Width == SaturateToInt32(m_Width) &&
-           m_Height == SaturateToInt32(m_Height) &&
-           (m_Width + 15) / 16 * 16 <= kMostBits / m_Height;
+           m_Height == SaturateToInt32(m_Height) && (m_Width + 15) / 16 * 16 <= kMaxBits / m_Height;
 }
 
 LONG EnlargedShape::Width() const {

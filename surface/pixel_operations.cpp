@@ -13,9 +13,9 @@ namespace {
 
 // By copies of a first piece that stays in the nearest cache: copying beats storing once a frame is
 // larger than the caches.
-void FillPixels(DWORD* pixels, std::size_t count, DWORD color) {
+void FillPixels(DWORD* pixels, std::size_t count, DWORD colour) {
     constexpr std::size_t kPiece = 1024;
-    std::fill_n(pixels, std::min(count, kPiece), color);
+    std::fill_n(pixels, std::min(count, kPiece), colour);
     for (std::size_t done = kPiece; done < count; done += kPiece) {
         std::memcpy(pixels + done, pixels, std::min(kPiece, count - done) * sizeof(DWORD));
     }
@@ -38,9 +38,9 @@ void CKVFrameBuffer::Clear() {
     }
 }
 
-void CKVFrameBuffer::ClearCol(DWORD color) {
+void CKVFrameBuffer::ClearCol(DWORD colour) {
     const kv::ExclusiveHold hold(*this);
-    FillPixels(m_BufferDWord, m_Size / 4, color);
+    FillPixels(m_BufferDWord, m_Size / 4, colour);
 }
 
 void CKVFrameBuffer::ClearCross(tagPOINT cell, DWORD color1, DWORD color2) {
@@ -60,9 +60,9 @@ void CKVFrameBuffer::ClearCross(tagPOINT cell, DWORD color1, DWORD color2) {
     }
 }
 
-void CKVFrameBuffer::ImageChColor(DWORD color) {
+void CKVFrameBuffer::ImageChColor(DWORD colour) {
     const kv::ExclusiveHold hold(*this);
-    kv::TintRow(m_BufferDWord, m_Size / 4, color);
+    kv::TintRow(m_BufferDWord, m_Size / 4, colour);
 }
 
 void CKVFrameBuffer::ClearKey() {

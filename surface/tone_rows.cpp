@@ -29,8 +29,8 @@ struct Tint {
     using Dwords = typename Lanes::Dwords;
     using Words = typename Lanes::Words;
 
-    KV_FORCE_INLINE explicit Tint(DWORD color)
-        : blueRed(Dwords{} + (color & 0xFF00FF)), green(Dwords{} + (color >> 8 & 0xFF)) {}
+    KV_FORCE_INLINE explicit Tint(DWORD colour)
+        : blueRed(Dwords{} + (colour & 0xFF00FF)), green(Dwords{} + (colour >> 8 & 0xFF)) {}
 
     KV_FORCE_INLINE void Apply(Dwords& pixels) const {
         const auto y = reinterpret_cast<Dwords>(Luminance<Lanes>(pixels));
@@ -97,12 +97,12 @@ KV_FORCE_INLINE void ToneBody(DWORD* pixels, std::size_t count, const Tone& tone
     }
 }
 
-void TintPlain(DWORD* pixels, std::size_t count, DWORD color) {
-    ToneBody<PlainLanes>(pixels, count, Tint<PlainLanes>(color));
+void TintPlain(DWORD* pixels, std::size_t count, DWORD colour) {
+    ToneBody<PlainLanes>(pixels, count, Tint<PlainLanes>(colour));
 }
 
-KV_TARGET_AVX2 void TintAvx2(DWORD* pixels, std::size_t count, DWORD color) {
-    ToneBody<Avx2Lanes>(pixels, count, Tint<Avx2Lanes>(color));
+KV_TARGET_AVX2 void TintAvx2(DWORD* pixels, std::size_t count, DWORD colour) {
+    ToneBody<Avx2Lanes>(pixels, count, Tint<Avx2Lanes>(colour));
 }
 
 void LuminanceKeyPlain(DWORD* pixels, std::size_t count, DWORD low, DWORD range) {
@@ -123,8 +123,8 @@ KV_TARGET_AVX2 void ClearKeyAvx2(DWORD* pixels, std::size_t count) {
 
 }  // namespace
 
-void TintRow(DWORD* pixels, std::size_t count, DWORD color) {
-    ForLevel(TintPlain, TintAvx2)(pixels, count, color);
+void TintRow(DWORD* pixels, std::size_t count, DWORD colour) {
+    ForLevel(TintPlain, TintAvx2)(pixels, count, colour);
 }
 
 void LuminanceKeyRow(DWORD* pixels, std::size_t count, DWORD low, DWORD range) {

@@ -110,13 +110,13 @@ kv::Outcome AddBy(int size, const CKVGrayBitmap& source, CKVGrayBitmap& target) 
 }  // namespace
 
 kv::Outcome kv::GrowSoft(LONG radius, const CKVGrayBitmap& source, CKVGrayBitmap& target) {
-    if (radius < 0 || radius > FarSoftRows::kLargestRadius ||
+    if (radius < 0 || radius > FarSoftRows::kMaxRadius ||
         !HasRoom(target, source, std::int64_t{2} * radius)) {
         return Cause::kBadArgument;
     }
     if (radius == 0) {
         return {};  // a disc without a positive weight
     }
-    return radius <= NearSoftRows::kLargestRadius ? AddBy<NearSoftRows>(radius, source, target)
-                                                  : AddBy<FarSoftRows>(radius, source, target);
+    return radius <= NearSoftRows::kMaxRadius ? AddBy<NearSoftRows>(radius, source, target)
+                                              : AddBy<FarSoftRows>(radius, source, target);
 }

@@ -19,11 +19,11 @@ inline BYTE SoftValue(std::int64_t squaredDistance, int radius) {
 // the radius; the target row has 2 * radius more columns and keeps what is greater. The square of
 // the true distance is the least of vertical * vertical + horizontal * horizontal over the columns.
 
-/// For radii up to kLargestRadius: squares fit 16 bits, a table holds the values.
+/// For radii up to kMaxRadius: squares fit 16 bits, a table holds the values.
 class NearSoftRows {
   public:
     using Distance = BYTE;
-    static constexpr int kLargestRadius = 124;
+    static constexpr int kMaxRadius = 124;
 
     /// False when there is no memory.
     bool Prepare(int radius, std::size_t width);
@@ -40,7 +40,7 @@ class NearSoftRows {
 class FarSoftRows {
   public:
     using Distance = WORD;
-    static constexpr int kLargestRadius = 32767;  // a target for more exceeds 32 bits of bytes
+    static constexpr int kMaxRadius = 32767;  // a target for more exceeds 32 bits of bytes
 
     bool Prepare(int radius, std::size_t width);
     void Add(const Distance* vertical, BYTE* target);

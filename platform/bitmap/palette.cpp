@@ -8,10 +8,10 @@
 
 bool CPalette::CreatePalette(LOGPALETTE palette) {
     constexpr WORD kVersion = 0x300;
-    constexpr std::size_t kMost = std::numeric_limits<WORD>::max();
+    constexpr std::size_t kMax = std::numeric_limits<WORD>::max();
     const std::size_t count = palette.palPalEntry.size();
     m_Entries = nullptr;
-    if (palette.palVersion == kVersion && count > 0 && count <= kMost) {
+    if (palette.palVersion == kVersion && count > 0 && count <= kMax) {
         m_Entries =
             std::make_shared<const std::vector<PALETTEENTRY>>(std::move(palette.palPalEntry));
     }

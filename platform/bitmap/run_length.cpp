@@ -82,10 +82,10 @@ bool AllThere(const Format& format, std::span<const BYTE> pixels) {
     if (!format.IsRunLength()) {
         return format.PlainBytes() <= pixels.size();
     }
-    constexpr std::uint64_t kMostPixelsOfPair = 255;
+    constexpr std::uint64_t kMaxPixelsOfPair = 255;
     const std::uint64_t claimed =
         static_cast<std::uint64_t>(format.width) * static_cast<std::uint64_t>(format.height);
-    return MayHold(pixels.size() / 2, claimed, kMostPixelsOfPair);
+    return MayHold(pixels.size() / 2, claimed, kMaxPixelsOfPair);
 }
 
 }  // namespace kv::dib

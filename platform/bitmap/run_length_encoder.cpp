@@ -8,8 +8,8 @@
 namespace kv::dib {
 namespace {
 
-constexpr std::size_t kMostOfPacket = 255;
-constexpr std::size_t kFewestLiterals = 3;  // smaller counts have other meanings
+constexpr std::size_t kMaxOfPacket = 255;
+constexpr std::size_t kMinLiterals = 3;  // smaller counts have other meanings
 
 typedef BYTE Lanes __attribute__((vector_size(16)));
 typedef std::uint64_t Halves __attribute__((vector_size(16)));
@@ -94,7 +94,7 @@ std::size_t LiteralLength(std::span<const BYTE> pixels) {
 // The pixels from the first one on that make one run; no more than a packet holds.
 template <typename Coding>
 std::size_t RunLength(std::span<const BYTE> pixels) {
-    const std::size_t most = std::min(pixels.size(), kMostOfPacket);
+    const std::size_t most = std::min(pixels.size(), kMaxOfPacket);
     std::size_t length = std::min(most, Coding::kPeriod);
     while (length + sizeof(Lanes) <= most &&
            AllSet(Load(&pixels[length]) == Load(&pixels[length - Coding::kPeriod]))) {
@@ -115,13 +115,13 @@ void PutRun(std::span<const BYTE> pixels, std::vector<BYTE>& out) {
 template <typename Coding>
 void PutLiterals(std::span<const BYTE> pixels, std::vector<BYTE>& out) {
     while (!pixels.empty()) {
-        if (pixels.size() < kFewestLiterals) {
+        if (pixels.size() < kMinLiterals) {
             const auto run = pixels.first(RunLength<Coding>(pixels));
             PutRun<Coding>(run, out);
             pixels = pixels.subspan(run.size());
             continue;
         }
-        const auto part = pixels.first(std::min(pixels.size(), kMostOfPacket));
+        const auto part = pixels.first(std::min(pixels.size(), kMaxOfPacket));
         out.push_back(0);
         out.push_back(static_cast<BYTE>(part.size()));
         Coding::Literals(part.data(), part.size(), out);

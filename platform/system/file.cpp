@@ -22,7 +22,7 @@ constexpr UINT kAccessMask = 0x03;
 constexpr UINT kShareMask = 0x70;
 
 // The system moves at most this many bytes at once.
-constexpr UINT kLargestTransfer = 0x7FFFF000;
+constexpr UINT kMaxTransfer = 0x7FFFF000;
 
 int CauseOf(int error) {
     switch (error) {
@@ -216,7 +216,7 @@ UINT CFile::Read(void* bytes, UINT count) {
     auto* target = static_cast<char*>(bytes);
     UINT done = 0;
     while (done < count) {
-        const UINT part = std::min(count - done, kLargestTransfer);
+        const UINT part = std::min(count - done, kMaxTransfer);
         const ssize_t got =
             Uninterrupted([&] { return ::read(m_Descriptor, target + done, part); });
         if (got < 0) {
@@ -234,7 +234,7 @@ void CFile::Write(const void* bytes, UINT count) {
     const auto* source = static_cast<const char*>(bytes);
     UINT done = 0;
     while (done < count) {
-        const UINT part = std::min(count - done, kLargestTransfer);
+        const UINT part = std::min(count - done, kMaxTransfer);
         const ssize_t put =
             Uninterrupted([&] { return ::write(m_Descriptor, source + done, part); });
         if (put < 0) {

@@ -41,8 +41,8 @@ UINT OpenFlags(DWORD access, DWORD share, DWORD disposition) {
 
 // Space is taken at once: on a full disk a write into the view would otherwise end the process.
 bool Lengthen(const CFile& file, std::uint64_t size) {
-    constexpr std::uint64_t kMost = std::uint64_t{1} << 62;
-    if (size > kMost) {
+    constexpr std::uint64_t kMax = std::uint64_t{1} << 62;
+    if (size > kMax) {
         return false;
     }
     int result = EINTR;

@@ -24,11 +24,11 @@ TEST(Bytes, ReadingAndWritingStopAtTheEnd) {
 }
 
 TEST(Checked, ProductsSaturate) {
-    constexpr auto kMost = std::numeric_limits<std::uint64_t>::max();
+    constexpr auto kMax = std::numeric_limits<std::uint64_t>::max();
     EXPECT_EQ(kv::SaturatedProduct({0xFFFFFFFF, 0xFFFFFFFF}), 0xFFFFFFFE00000001);
-    EXPECT_EQ(kv::SaturatedProduct({kMost, 1}), kMost);
-    EXPECT_EQ(kv::SaturatedProduct({0xFFFFFFFF, 0xFFFFFFFF, 4, 1}), kMost);
-    EXPECT_EQ(kv::SaturatedProduct({kMost, kMost, 0}), 0U);
+    EXPECT_EQ(kv::SaturatedProduct({kMax, 1}), kMax);
+    EXPECT_EQ(kv::SaturatedProduct({0xFFFFFFFF, 0xFFFFFFFF, 4, 1}), kMax);
+    EXPECT_EQ(kv::SaturatedProduct({kMax, kMax, 0}), 0U);
 }
 
 }  // namespace

@@ -9,9 +9,9 @@
 namespace {
 
 template <typename Codec>
-constexpr LONG kMostWidth = 65535;
+constexpr LONG kMaxWidth = 65535;
 template <>
-constexpr LONG kMostWidth<CKVPictImage> = 8191;
+constexpr LONG kMaxWidth<CKVPictImage> = 8191;
 
 template <typename Codec>
 class CodecFile : public testing::Test {
@@ -65,7 +65,7 @@ TYPED_TEST(CodecFile, ReplacesWhatWasThereUnderAnyName) {
 }
 
 TYPED_TEST(CodecFile, WritesNothingForWhatAFileCannotHold) {
-    const LONG most = kMostWidth<TypeParam>;
+    const LONG most = kMaxWidth<TypeParam>;
     const CKVFrameBuffer wide(most + 1, 1, 1);
     const CKVFrameBuffer high(1, 65536, 1);
     const CKVFrameBuffer empty;

@@ -7,8 +7,8 @@
 
 namespace {
 
-constexpr LONG kMost = std::numeric_limits<LONG>::max();
-constexpr LONG kLeast = std::numeric_limits<LONG>::min();
+constexpr LONG kMax = std::numeric_limits<LONG>::max();
+constexpr LONG kMin = std::numeric_limits<LONG>::min();
 
 using effect_test::Of;
 using effect_test::PixelsOf;
@@ -61,8 +61,8 @@ TEST(AreaRender, ArrangesTheLayers) {
         {{0, 0, 2, 1, 4}, {100, 50, 29, 19}, {0, 0, 20, 10}, none, {1, 1, 28, 18}},
         {{0, 0, 2, 0, 4}, {100, 50, 20, 10}, {0, 0, 20, 10}, none, none},
         {{0, 0, 2, 1, -4}, {100, 50, 20, 10}, {0, 0, 20, 10}, none, none},
-        {{kMost, 0, 0, 0, 0}, {100, 50, 20, 10}, {0, 0, 20, 10}, none, none},
-        {{0, 0, 1, kLeast, 0}, {100, 50, 20, 10}, {0, 0, 20, 10}, none, none},
+        {{kMax, 0, 0, 0, 0}, {100, 50, 20, 10}, {0, 0, 20, 10}, none, none},
+        {{0, 0, 1, kMin, 0}, {100, 50, 20, 10}, {0, 0, 20, 10}, none, none},
     };
     CKVMonoBitmap mask;
     MakeMask(mask);
@@ -98,8 +98,8 @@ TEST(Render, ReportsWhatItTouched) {
         {-20, 0, {0, 0, 0, 15, 0}, {0, 15, 15, 10}},
         // The shadow does: the first box is the all-zero one.
         {10, 10, {0, 0, 0, 1000, 0}, {0, 0, 30, 20}},
-        {kMost, kLeast, {2, 0, 0, 5, 0}, {0, 0, 0, 0}},
-        {kMost, kMost, {0, 0, 0, kMost, 0}, {0, 0, 0, 0}},
+        {kMax, kMin, {2, 0, 0, 5, 0}, {0, 0, 0, 0}},
+        {kMax, kMax, {0, 0, 0, kMax, 0}, {0, 0, 0, 0}},
     };
     CKVMonoBitmap mask;
     MakeMask(mask);
@@ -194,7 +194,7 @@ TEST(Render, StacksShadowEdgeBody) {
 // Records as a damaged file might hold them. Nothing to expect but a result and memory left whole.
 TEST(Render, AnyRecordIsSafe) {
     std::mt19937 random(8);
-    const LONG odd[] = {0, 1, -1, 3, 16, 40, -7, 100000, kMost, kLeast, kMost - 3, 1 << 30};
+    const LONG odd[] = {0, 1, -1, 3, 16, 40, -7, 100000, kMax, kMin, kMax - 3, 1 << 30};
     const auto any = [&](LONG usual) {
         return random() % 3 != 0 ? usual : odd[random() % std::size(odd)];
     };
@@ -225,8 +225,8 @@ TEST(Render, AnyRecordIsSafe) {
 TEST(AreaRender, FarShadowsLeaveNoSurface) {
     CKVMonoBitmap mask;
     MakeMask(mask);
-    for (const LONG size : {kMost - 30, -kMost, kLeast + 100}) {
-        tagKVBWDRAWINFO info = Record(kMost, kMost);
+    for (const LONG size : {kMax - 30, -kMax, kMin + 100}) {
+        tagKVBWDRAWINFO info = Record(kMax, kMax);
         info.ShadType_Size = size;
         CKVFrameBuffer fb(64, 64, 1);
         CBox area, body, edge, shadow;

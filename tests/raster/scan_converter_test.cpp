@@ -78,11 +78,11 @@ TEST(ScanConverterTest, RandomPolygonsMatchTheWindingNumber) {
 }
 
 TEST(ScanConverterTest, FarthestCoordinatesStayDefined) {
-    constexpr std::int64_t kMost = std::numeric_limits<std::int64_t>::max();
-    constexpr std::int64_t kLeast = std::numeric_limits<std::int64_t>::min();
+    constexpr std::int64_t kMax = std::numeric_limits<std::int64_t>::max();
+    constexpr std::int64_t kMin = std::numeric_limits<std::int64_t>::min();
     constexpr std::int32_t kEnd = std::numeric_limits<std::int32_t>::max();
     Contours lower;
-    AddContour(lower, {{kLeast, kLeast}, {kMost, kMost}, {kLeast, kMost}});
+    AddContour(lower, {{kMin, kMin}, {kMax, kMax}, {kMin, kMax}});
     EXPECT_EQ(Draw(lower, FillRule::kWinding, {0, 0, 3, 3}), (Rows{"...", "#..", "##."}));
     EXPECT_EQ(Draw(lower, FillRule::kWinding, {kEnd - 2, kEnd - 2, kEnd, kEnd}),
               (Rows{"..", "#."}));

@@ -31,10 +31,10 @@ DWORD Luminance(DWORD pixel) {
     return (sum + 32768) >> 16;
 }
 
-DWORD Tinted(DWORD pixel, DWORD color) {
+DWORD Tinted(DWORD pixel, DWORD colour) {
     DWORD result = pixel & 0xFF000000;
     for (const int shift : {0, 8, 16}) {
-        result |= Luminance(pixel) * ((color >> shift) % 256) / 255 << shift;
+        result |= Luminance(pixel) * ((colour >> shift) % 256) / 255 << shift;
     }
     return result;
 }
@@ -130,10 +130,10 @@ TEST(PixelOperations, TonesEqualTheirFormulas) {
             check(
                 count, [](CKVFrameBuffer& surface) { surface.ClearKey(); },
                 [](DWORD pixel) { return pixel % 0x1000000; });
-            for (const DWORD color : {0xFFFFFFU, 0U, 0xFF010203U, 0x80FE7F33U}) {
+            for (const DWORD colour : {0xFFFFFFU, 0U, 0xFF010203U, 0x80FE7F33U}) {
                 check(
-                    count, [=](CKVFrameBuffer& surface) { surface.ImageChColor(color); },
-                    [=](DWORD pixel) { return Tinted(pixel, color); });
+                    count, [=](CKVFrameBuffer& surface) { surface.ImageChColor(colour); },
+                    [=](DWORD pixel) { return Tinted(pixel, colour); });
             }
             checkKey(count, 40, 99);
         }

@@ -12,8 +12,8 @@ namespace {
 
 using Pixels = std::vector<DWORD>;
 
-constexpr int kMost = std::numeric_limits<int>::max();
-constexpr int kLeast = std::numeric_limits<int>::min();
+constexpr int kMax = std::numeric_limits<int>::max();
+constexpr int kMin = std::numeric_limits<int>::min();
 constexpr DWORD kGuard = 0x5A5A5A5A;
 
 // Pixel by pixel, the rules of the ramp written out.
@@ -68,7 +68,7 @@ TEST(Gradient, LengthAndCentre) {
         check(shape, lengths[0][shape], centred ? 20 : -7, centred ? 25 : -7);
         check(shape + 100, lengths[1][shape], centred ? 17 : -7, centred ? 26 : -7);
     }
-    for (const int unknown : {-5, 99, kMost, kLeast}) {
+    for (const int unknown : {-5, 99, kMax, kMin}) {
         check(unknown, 21, -7, -7);
     }
 }
@@ -88,12 +88,12 @@ TEST(Gradient, Distance) {
 TEST(Gradient, GeometryTakesAnyNumbers) {
     CKVBwDraw draw;
     int cx = 0, cy = 0, length = 0;
-    draw.Pis_Grad_Paint_Set1(104, kLeast, kMost, kLeast, kLeast, kMost, kMost, &cx, &cy, &length);
-    EXPECT_EQ(length, kMost);
+    draw.Pis_Grad_Paint_Set1(104, kMin, kMax, kMin, kMin, kMax, kMax, &cx, &cy, &length);
+    EXPECT_EQ(length, kMax);
     draw.Pis_Grad_Paint_Set1(7, 0, 0, 4, 0, 0, 0, &cx, &cy, &length);
     EXPECT_EQ(length, -2);  // -3 / 2, rounded down
     double d = 0;
-    draw.Pis_Grad_Paint_Conv(6, kMost, kMost, 0, 0, 0, 0, kLeast, kLeast, &d);
+    draw.Pis_Grad_Paint_Conv(6, kMax, kMax, 0, 0, 0, 0, kMin, kMin, &d);
     EXPECT_NEAR(d, -4294967295.0 * std::sqrt(2.0), 1e-3);
 }
 
@@ -102,9 +102,9 @@ TEST(Gradient, MakesThePlainRamp) {
     const int paterns[] = {-1, 0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 50, 100, 101, 106, 110, 111};
     const auto check = [&](int width, int height) {
         const int right = width - 1, bottom = height - 1;
-        const int points[][2] = {{-1, 0},         {width, 0},      {0, height},
-                                 {0, 0},          {right, 0},      {0, bottom},
-                                 {right, bottom}, {kMost, kLeast}, {width / 3, height / 2}};
+        const int points[][2] = {{-1, 0},         {width, 0},   {0, height},
+                                 {0, 0},          {right, 0},   {0, bottom},
+                                 {right, bottom}, {kMax, kMin}, {width / 3, height / 2}};
         for (const int patern : paterns) {
             for (const auto& [x, y] : points) {
                 const tagGRADINFO grad{
@@ -172,7 +172,7 @@ TEST(Gradient, BadAndEmptyInput) {
     EXPECT_EQ(draw.MakeFb_Grad(&gray, &layer, &grad), 0);
     EXPECT_EQ(layer.IsBuffer(), 1);
     DWORD pixel = kGuard;
-    EXPECT_EQ(draw.Pis_Grad_Paint(&pixel, kMost, kLeast, 0, 0, 1, 2, 3), 0);
+    EXPECT_EQ(draw.Pis_Grad_Paint(&pixel, kMax, kMin, 0, 0, 1, 2, 3), 0);
     EXPECT_EQ(draw.Pis_Grad_Paint(nullptr, 5, 5, 0, 0, 1, 2, 3), 0);
     EXPECT_EQ(pixel, kGuard);
 }

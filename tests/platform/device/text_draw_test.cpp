@@ -242,9 +242,9 @@ TEST(TextOut, ClipsToTheBitmapAndKeepsItsPaddingClear) {
                 }
             }
         }
-        constexpr LONG kLeast = std::numeric_limits<LONG>::min();
-        constexpr LONG kMost = std::numeric_limits<LONG>::max();
-        for (const auto& [x, y] : {std::pair(kLeast, kMost), {kMost, kLeast}, {kMost, kMost}}) {
+        constexpr LONG kMin = std::numeric_limits<LONG>::min();
+        constexpr LONG kMax = std::numeric_limits<LONG>::max();
+        for (const auto& [x, y] : {std::pair(kMin, kMax), {kMax, kMin}, {kMax, kMax}}) {
             Canvas canvas(20, 20);
             EXPECT_TRUE(canvas.Draw(description, x, y, text));
             EXPECT_EQ(canvas.Area(), 0);
