@@ -3,6 +3,7 @@
 #include "codec/transfer.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <limits>
 
 #include <platform/sync.h>

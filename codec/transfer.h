@@ -2,20 +2,18 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <memory>
 
 #include <platform/file.h>
 #include <platform/types.h>
+
+#include "base/scratch.h"
 
 // Whole pictures to and from files, in chunks with a yield after each.
 namespace kv {
 
 /// Bytes whose number comes from a picture or a file: null when there is no memory, not
 /// initialised.
-struct FreeBytes {
-    void operator()(BYTE* bytes) const { std::free(bytes); }
-};
 using ByteBuffer = std::unique_ptr<BYTE[], FreeBytes>;
 ByteBuffer AllocateBytes(std::size_t size);
 

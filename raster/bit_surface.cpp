@@ -3,6 +3,7 @@
 #include "raster/bit_surface.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <cstring>
 #include <new>
 

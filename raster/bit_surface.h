@@ -2,8 +2,9 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <memory>
+
+#include "base/scratch.h"
 
 namespace kv::raster {
 
@@ -31,13 +32,9 @@ class BitSurface {
                   bool value);
 
   private:
-    struct Release {
-        void operator()(std::uint8_t* bits) const { std::free(bits); }
-    };
-
     BitSurface() = default;
 
-    std::unique_ptr<std::uint8_t[], Release> m_Bits;
+    std::unique_ptr<std::uint8_t[], FreeBytes> m_Bits;
     std::size_t m_Stride = 0;
     std::int32_t m_Width = 0;
     std::int32_t m_Height = 0;

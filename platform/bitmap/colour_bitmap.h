@@ -3,6 +3,7 @@
 #include <memory>
 #include <span>
 
+#include "base/scratch.h"
 #include "platform/bitmap/format.h"
 
 namespace kv::dib {
@@ -30,10 +31,6 @@ class ColourBitmap {
     DWORD CopyTopDown(std::span<BYTE> bytes) const;
 
   private:
-    struct Release {
-        void operator()(BYTE* bits) const { std::free(bits); }
-    };
-
     explicit ColourBitmap(const Format& format, unsigned int sourceBits)
         : m_Format(format), m_SourceBits(sourceBits) {}
     std::size_t Offset(LONG row) const {
@@ -42,7 +39,7 @@ class ColourBitmap {
 
     Format m_Format;
     unsigned int m_SourceBits;
-    std::unique_ptr<BYTE[], Release> m_Bits;
+    std::unique_ptr<BYTE[], kv::FreeBytes> m_Bits;
 };
 
 }  // namespace kv::dib

@@ -10,14 +10,12 @@
 #include <new>
 #include <unordered_map>
 
+#include "base/scratch.h"
+
 namespace {
 
-struct FreeBytes {
-    void operator()(void* bytes) const { std::free(bytes); }
-};
-
 struct Block {
-    std::unique_ptr<void, FreeBytes> bytes;
+    std::unique_ptr<void, kv::FreeBytes> bytes;
     std::size_t size = 0;
     unsigned int locks = 0;
 };
